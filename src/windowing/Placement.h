@@ -1,0 +1,29 @@
+#pragma once
+
+#include "app/Settings.h"
+
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+
+// Window placement arithmetic, in twips where the settings keep twips.
+namespace Placement {
+
+inline int twipsToPixels(int twips)
+{
+    return twips / TwipsPerPixel;
+}
+
+inline int pixelsToTwips(int pixels)
+{
+    return pixels * TwipsPerPixel;
+}
+
+// The top-left corner that centres a window of `size` on `screen`.
+QPoint centredTopLeft(const QRect &screen, const QSize &size);
+
+// The top-left corner for a stored position (twips), moved just enough to keep the whole window
+// on `screen` so that a position saved on a larger screen never leaves it out of reach.
+QPoint keptOnScreen(const QPoint &storedTwips, const QSize &size, const QRect &screen);
+
+} // namespace Placement
