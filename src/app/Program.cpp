@@ -5,6 +5,7 @@
 #include "SettingsFolder.h"
 #include "calendar/CalendarMonthExtForm.h"
 #include "windowing/LayeredWindows.h"
+#include "windowing/WindowBehaviour.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -42,7 +43,11 @@ Program::Program(ProgramOptions options)
         m_options.getEnv = [](const char *name) { return qgetenv(name); };
 }
 
-Program::~Program() = default;
+Program::~Program()
+{
+    // The windows hold a reference to us; none may outlive the program object.
+    delete m_mainForm.data();
+}
 
 QString Program::GetOSPlatform() const
 {
@@ -55,8 +60,8 @@ void Program::Main()
     OSPlatform = GetOSPlatform();
 
     const QString appDir = m_options.applicationDir.isEmpty()
-            ? QCoreApplication::applicationDirPath()
-            : m_options.applicationDir;
+        ? QCoreApplication::applicationDirPath()
+        : m_options.applicationDir;
     ProgramFolder = programFolderOf(appDir);
 
     FolderEnvironment folderEnv = systemFolderEnvironment(ProgramFolder);
@@ -77,6 +82,7 @@ void Program::Main()
         context.screenHeightTwips = geometry.height() * TwipsPerPixel;
     }
     context.layeredWindows = ProbeLayeredWindows(OSPlatform);
+    ShadowMode = DecideShadowMode(context.layeredWindows, QGuiApplication::platformName());
     const auto getEnv = m_options.getEnv;
     context.isRussianSystem = [getEnv] { return IsRussianSystem(getEnv); };
     context.clock = m_clock;
@@ -95,8 +101,8 @@ void Program::Main()
     SettingsChecksum = FileSum(SettingsPath);
 
     const QString title = m_settings.Language != QStringLiteral("English")
-            ? m_settings.AppTitleRussian
-            : m_settings.AppTitleEnglish;
+        ? m_settings.AppTitleRussian
+        : m_settings.AppTitleEnglish;
     QGuiApplication::setApplicationDisplayName(title);
 
     if (!qobject_cast<QApplication *>(QCoreApplication::instance()))
@@ -112,6 +118,13 @@ CalendarMonthExtForm *Program::mainForm() const
     return qobject_cast<CalendarMonthExtForm *>(m_mainForm.data());
 }
 
+WindowBehaviour &Program::windowBehaviour()
+{
+    if (!m_windowBehaviour)
+        m_windowBehaviour = std::make_unique<WindowBehaviour>(*this);
+    return *m_windowBehaviour;
+}
+
 bool Program::IsFormLoaded(const QString &name, bool useFormsList) const
 {
     const QString wanted = name.trimmed().toUpper();
@@ -119,9 +132,8 @@ bool Program::IsFormLoaded(const QString &name, bool useFormsList) const
         if (wanted.isEmpty() || !qobject_cast<QApplication *>(QCoreApplication::instance()))
             return false;
         const QWidgetList windows = QApplication::topLevelWidgets();
-        return std::any_of(windows.begin(), windows.end(), [&](const QWidget *w) {
-            return w->objectName().toUpper() == wanted;
-        });
+        return std::any_of(windows.begin(), windows.end(),
+                           [&](const QWidget *w) { return w->objectName().toUpper() == wanted; });
     }
     return knownForms().contains(wanted) && m_loadedForms.contains(wanted);
 }
@@ -129,8 +141,8 @@ bool Program::IsFormLoaded(const QString &name, bool useFormsList) const
 bool Program::NoMainFormLoaded() const
 {
     return !IsFormLoaded(QStringLiteral("CalendarMonthExtForm"), true)
-            && !IsFormLoaded(QStringLiteral("AboutForm"), true)
-            && !IsFormLoaded(QStringLiteral("ViewForm"), true);
+        && !IsFormLoaded(QStringLiteral("AboutForm"), true)
+        && !IsFormLoaded(QStringLiteral("ViewForm"), true);
 }
 
 void Program::UnloadFormByName(const QString &name)
@@ -193,9 +205,9 @@ void Program::CloseProgram()
             m_settingsFile->WriteSettings();
         } else {
             m_settingsFile->UpdateSettingsKeys(
-                    SettingsPath,
-                    { { QString::fromUtf16(SettingsKeys::CalendarLeft), m_settings.CalendarLeft },
-                      { QString::fromUtf16(SettingsKeys::CalendarTop), m_settings.CalendarTop } });
+                SettingsPath,
+                { { QString::fromUtf16(SettingsKeys::CalendarLeft), m_settings.CalendarLeft },
+                  { QString::fromUtf16(SettingsKeys::CalendarTop), m_settings.CalendarTop } });
         }
     }
 

@@ -13,6 +13,7 @@
 class Clock;
 class CalendarMonthExtForm;
 class QWidget;
+class WindowBehaviour;
 
 // What start-up takes from the outside world; tests replace any of it.
 struct ProgramOptions
@@ -56,6 +57,8 @@ public:
     SettingsFile &settingsFile() { return *m_settingsFile; }
     const Clock &clock() const { return *m_clock; }
     CalendarMonthExtForm *mainForm() const;
+    // Dragging, shadows, the taskbar entry: what every program window shares.
+    WindowBehaviour &windowBehaviour();
     // True while a message-pumping wait runs; part of the program-wide busy test.
     bool isWaiting() const { return m_waiting; }
     bool *waitingFlag() { return &m_waiting; }
@@ -68,6 +71,8 @@ public:
     QString SettingsPath;
     std::int32_t SettingsChecksum = 0;
     bool Closing = false;
+    // "Basic" or "No", decided once at start-up.
+    QString ShadowMode = QStringLiteral("No");
 
 private:
     void rememberMainFormPosition();
@@ -79,6 +84,7 @@ private:
     std::unique_ptr<SettingsFile> m_settingsFile;
     QSet<QString> m_loadedForms;
     QPointer<QWidget> m_mainForm; // the CalendarMonthExtForm
+    std::unique_ptr<WindowBehaviour> m_windowBehaviour;
     bool m_waiting = false;
     bool m_shutDown = false;
     int m_settingsReads = 0;

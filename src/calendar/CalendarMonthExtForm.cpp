@@ -2,6 +2,7 @@
 
 #include "app/Program.h"
 #include "windowing/Placement.h"
+#include "windowing/WindowBehaviour.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -42,6 +43,7 @@ CalendarMonthExtForm::CalendarMonthExtForm(Program &program, QWidget *parent)
 
     // Keys reach the window before its controls, wherever the focus is.
     qApp->installEventFilter(this);
+    m_program.windowBehaviour().attachMainWindow(this, FrameMove);
     m_program.setFormLoaded(objectName(), true);
 }
 
@@ -56,8 +58,8 @@ void CalendarMonthExtForm::showAtStart()
     const QScreen *screen = QGuiApplication::primaryScreen();
     const QRect area = screen ? screen->geometry() : QRect(0, 0, 1024, 768);
     const QPoint topLeft = s.CalendarAlignToCenter == QStringLiteral("Yes")
-            ? Placement::centredTopLeft(area, size())
-            : Placement::keptOnScreen({ s.CalendarLeft, s.CalendarTop }, size(), area);
+        ? Placement::centredTopLeft(area, size())
+        : Placement::keptOnScreen({ s.CalendarLeft, s.CalendarTop }, size(), area);
     if (s.CalendarTopmost == QStringLiteral("Yes"))
         setWindowFlag(Qt::WindowStaysOnTopHint, true);
     move(topLeft);
