@@ -75,7 +75,9 @@ bool PutAboveShadow(QWidget *window, Shadow *shadow)
     // at every upkeep tick.
     if (QGuiApplication::platformName() == QStringLiteral("xcb"))
         return restackBelowOnX11(shadow, window);
-    // Elsewhere raising the owner leaves the shadow just beneath it.
-    window->raise();
+    // Elsewhere raising the owner leaves the shadow just beneath it. The offscreen platform has
+    // no stacking order at all.
+    if (QGuiApplication::platformName() != QStringLiteral("offscreen"))
+        window->raise();
     return true;
 }
