@@ -55,8 +55,8 @@ void Program::Main()
     OSPlatform = GetOSPlatform();
 
     const QString appDir = m_options.applicationDir.isEmpty()
-            ? QCoreApplication::applicationDirPath()
-            : m_options.applicationDir;
+        ? QCoreApplication::applicationDirPath()
+        : m_options.applicationDir;
     ProgramFolder = programFolderOf(appDir);
 
     FolderEnvironment folderEnv = systemFolderEnvironment(ProgramFolder);
@@ -80,6 +80,7 @@ void Program::Main()
     const auto getEnv = m_options.getEnv;
     context.isRussianSystem = [getEnv] { return IsRussianSystem(getEnv); };
     context.clock = m_clock;
+    context.fileOps = m_options.fileOps;
     context.waiting = &m_waiting;
     m_settingsFile = std::make_unique<SettingsFile>(m_settings, std::move(context));
 
@@ -95,8 +96,8 @@ void Program::Main()
     SettingsChecksum = FileSum(SettingsPath);
 
     const QString title = m_settings.Language != QStringLiteral("English")
-            ? m_settings.AppTitleRussian
-            : m_settings.AppTitleEnglish;
+        ? m_settings.AppTitleRussian
+        : m_settings.AppTitleEnglish;
     QGuiApplication::setApplicationDisplayName(title);
 
     if (!qobject_cast<QApplication *>(QCoreApplication::instance()))
@@ -119,9 +120,8 @@ bool Program::IsFormLoaded(const QString &name, bool useFormsList) const
         if (wanted.isEmpty() || !qobject_cast<QApplication *>(QCoreApplication::instance()))
             return false;
         const QWidgetList windows = QApplication::topLevelWidgets();
-        return std::any_of(windows.begin(), windows.end(), [&](const QWidget *w) {
-            return w->objectName().toUpper() == wanted;
-        });
+        return std::any_of(windows.begin(), windows.end(),
+                           [&](const QWidget *w) { return w->objectName().toUpper() == wanted; });
     }
     return knownForms().contains(wanted) && m_loadedForms.contains(wanted);
 }
@@ -129,8 +129,8 @@ bool Program::IsFormLoaded(const QString &name, bool useFormsList) const
 bool Program::NoMainFormLoaded() const
 {
     return !IsFormLoaded(QStringLiteral("CalendarMonthExtForm"), true)
-            && !IsFormLoaded(QStringLiteral("AboutForm"), true)
-            && !IsFormLoaded(QStringLiteral("ViewForm"), true);
+        && !IsFormLoaded(QStringLiteral("AboutForm"), true)
+        && !IsFormLoaded(QStringLiteral("ViewForm"), true);
 }
 
 void Program::UnloadFormByName(const QString &name)
@@ -193,9 +193,9 @@ void Program::CloseProgram()
             m_settingsFile->WriteSettings();
         } else {
             m_settingsFile->UpdateSettingsKeys(
-                    SettingsPath,
-                    { { QString::fromUtf16(SettingsKeys::CalendarLeft), m_settings.CalendarLeft },
-                      { QString::fromUtf16(SettingsKeys::CalendarTop), m_settings.CalendarTop } });
+                SettingsPath,
+                { { QString::fromUtf16(SettingsKeys::CalendarLeft), m_settings.CalendarLeft },
+                  { QString::fromUtf16(SettingsKeys::CalendarTop), m_settings.CalendarTop } });
         }
     }
 
