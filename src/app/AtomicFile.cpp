@@ -14,7 +14,7 @@ namespace AtomicFile {
 QString resolveTarget(const QString &path)
 {
     QString current = QFileInfo(path).absoluteFilePath();
-    // The same limit the kernel uses for nested links; a loop ends as "not found".
+    // The same limit the kernel uses for nested links; a loop ends at the last link seen.
     for (int depth = 0; depth < 40; ++depth) {
         const QFileInfo info(current);
         if (!info.isSymLink())
@@ -27,65 +27,95 @@ QString resolveTarget(const QString &path)
     return current;
 }
 
-namespace {
-
-bool writeAll(FileOps &ops, int fd, const QByteArray &content)
+Writer::Writer(const QString &target, const QString &tempName, FileOps &ops)
+    : m_ops(ops)
 {
-    const char *data = content.constData();
-    auto left = static_cast<size_t>(content.size());
+    const QString finalPath = resolveTarget(target);
+    const QString folder = QFileInfo(finalPath).absolutePath();
+    m_finalPath = QFile::encodeName(finalPath);
+    m_folder = QFile::encodeName(folder);
+    m_tempPath = QFile::encodeName(folder + QLatin1Char('/') + tempName);
+}
+
+Writer::~Writer()
+{
+    discard();
+}
+
+bool Writer::open()
+{
+    // The new file keeps the permission bits of the one it replaces, made writable by its owner
+    // (a read-only settings file is replaced, not refused). rename() needs no write permission
+    // on the old file, so the old file itself is never touched before the swap.
+    struct stat st
+    { };
+    if (::stat(m_finalPath.constData(), &st) == 0 && S_ISREG(st.st_mode))
+        m_mode = (st.st_mode & 07777) | S_IWUSR;
+
+    // A stale temporary file, or a symlink planted at its name, goes first; the exclusive
+    // create then refuses whatever reappears there.
+    m_ops.unlink(m_tempPath);
+    m_fd = m_ops.createExclusive(m_tempPath, m_mode);
+    m_created = m_fd >= 0;
+    m_failed = !m_created;
+    return m_created;
+}
+
+bool Writer::write(QByteArrayView data)
+{
+    if (m_failed || m_fd < 0)
+        return false;
+    const char *next = data.data();
+    auto left = static_cast<size_t>(data.size());
     while (left > 0) {
-        const ssize_t written = ops.write(fd, data, left);
-        if (written < 0) {
-            if (errno == EINTR)
-                continue;
+        const ssize_t written = m_ops.write(m_fd, next, left);
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0) {
+            m_failed = true;
             return false;
         }
-        if (written == 0) {
-            errno = ENOSPC;
-            return false;
-        }
-        data += written;
+        next += written;
         left -= static_cast<size_t>(written);
     }
     return true;
 }
 
-} // namespace
-
-bool write(const QString &target, const QString &tempName, const QByteArray &content,
-           FileOps &ops)
+bool Writer::commit()
 {
-    const QString finalPath = resolveTarget(target);
-    const QString folder = QFileInfo(finalPath).absolutePath();
-    const QByteArray finalBytes = QFile::encodeName(finalPath);
-    const QByteArray tempBytes = QFile::encodeName(folder + QLatin1Char('/') + tempName);
-
-    // Keep the permission bits of the file being replaced, but always writable by its owner.
-    mode_t mode = 0644;
-    struct stat st {};
-    const bool targetExists = ::stat(finalBytes.constData(), &st) == 0 && S_ISREG(st.st_mode);
-    if (targetExists)
-        mode = (st.st_mode & 07777) | S_IWUSR;
-
-    // A stale temporary file, or anything planted at its name, goes first; the exclusive create
-    // below then refuses whatever reappears there.
-    ops.unlink(tempBytes);
-    const int fd = ops.createExclusive(tempBytes, mode);
-    if (fd < 0)
+    if (m_failed || m_fd < 0)
         return false;
-
-    bool ok = writeAll(ops, fd, content);
-    ok = ok && ops.fsync(fd) == 0;
-    ok = (ops.close(fd) == 0) && ok;
-    if (ok && targetExists && !(st.st_mode & S_IWUSR))
-        ops.chmod(finalBytes, st.st_mode | S_IWUSR);
-    ok = ok && ops.rename(tempBytes, finalBytes) == 0;
+    bool ok = m_ops.fsync(m_fd) == 0;
+    ok = m_ops.close(m_fd) == 0 && ok;
+    m_fd = -1;
+    ok = ok && m_ops.rename(m_tempPath, m_finalPath) == 0;
     if (!ok) {
-        ops.unlink(tempBytes);
+        m_failed = true;
         return false;
     }
-    ops.fsyncFolder(QFile::encodeName(folder));
+    m_created = false;
+    // The rename is only durable once the folder entry is on disk; the new file is in place
+    // either way, so a failure here changes nothing the caller could act on.
+    m_ops.fsyncFolder(m_folder);
     return true;
+}
+
+void Writer::discard()
+{
+    if (m_fd >= 0) {
+        m_ops.close(m_fd);
+        m_fd = -1;
+    }
+    if (m_created) {
+        m_ops.unlink(m_tempPath);
+        m_created = false;
+    }
+}
+
+bool write(const QString &target, const QString &tempName, const QByteArray &content, FileOps &ops)
+{
+    Writer writer(target, tempName, ops);
+    return writer.open() && writer.write(content) && writer.commit();
 }
 
 } // namespace AtomicFile

@@ -1,10 +1,9 @@
 #include "FileOps.h"
 
+#include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <cstdio>
 
 int FileOps::createExclusive(const QByteArray &path, mode_t mode)
 {

@@ -123,9 +123,9 @@ bool Wait(int milliseconds, bool pump, bool *waiting)
     if (pump && QCoreApplication::instance()) {
         QDeadlineTimer deadline(ms);
         while (!deadline.hasExpired()) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents,
-                                            static_cast<int>(std::max<qint64>(
-                                                1, deadline.remainingTime())));
+            QCoreApplication::processEvents(
+                QEventLoop::AllEvents,
+                static_cast<int>(std::max<qint64>(1, deadline.remainingTime())));
             if (!deadline.hasExpired())
                 QThread::msleep(1);
         }

@@ -60,10 +60,9 @@ std::optional<double> leadingNumber(QStringView text)
             if (isSkipped(c))
                 continue;
             const int d = c.isDigit() && c.unicode() < 128 ? c.unicode() - '0'
-                    : (base == 16 && c.toUpper() >= QLatin1Char('A')
-                       && c.toUpper() <= QLatin1Char('F'))
-                    ? c.toUpper().unicode() - 'A' + 10
-                    : -1;
+                : (base == 16 && c.toUpper() >= QLatin1Char('A') && c.toUpper() <= QLatin1Char('F'))
+                ? c.toUpper().unicode() - 'A' + 10
+                : -1;
             if (d < 0 || d >= base)
                 break;
             digits.push_back(static_cast<char>(c.toLatin1()));

@@ -88,20 +88,43 @@ bool LineReader::readPiece(QByteArrayView &piece, bool &endsLine)
     }
 }
 
+void LineReader::skipRestOfLine()
+{
+    for (;;) {
+        if (m_pos >= m_len && !fill()) {
+            m_inLine = false;
+            return;
+        }
+        const char *begin = m_buffer.constData() + m_pos;
+        const qsizetype available = m_len - m_pos;
+        qsizetype end = 0;
+        while (end < available && begin[end] != '\r' && begin[end] != '\n')
+            ++end;
+        m_pos += end;
+        if (end < available) {
+            const char terminator = begin[end];
+            ++m_pos;
+            if (terminator == '\r') {
+                if (m_pos < m_len) {
+                    if (m_buffer.at(m_pos) == '\n')
+                        ++m_pos;
+                } else {
+                    m_skipLineFeed = true;
+                }
+            }
+            m_inLine = false;
+            return;
+        }
+    }
+}
+
 bool LineReader::readLine(QByteArrayView &line)
 {
     bool endsLine = false;
     if (!readPiece(line, endsLine))
         return false;
-    if (endsLine)
-        return true;
-    // Keep the head; skipping the rest reuses the join buffer, so copy the head out first.
-    m_head = line.toByteArray();
-    QByteArrayView rest;
-    while (!endsLine) {
-        if (!readPiece(rest, endsLine))
-            break;
-    }
-    line = m_head;
+    // The head stays in the join buffer; the rest of a long line is skipped without a copy.
+    if (!endsLine)
+        skipRestOfLine();
     return !m_error;
 }

@@ -5,8 +5,9 @@
 
 class QIODevice;
 
-// Reads a text file line by line in bounded memory. CR LF, LF and CR all end a line. A line
-// longer than PieceSize comes in several pieces, so that a 10 MB line never sits in memory.
+// Reads a text file line by line in bounded memory (one chunk and at most one piece, 64 KiB in
+// all). CR LF, LF and CR all end a line. A line longer than PieceSize comes in several pieces,
+// so that a 10 MB line never sits in memory.
 class LineReader
 {
 public:
@@ -24,11 +25,11 @@ public:
 
 private:
     bool fill();
+    void skipRestOfLine();
 
     QIODevice &m_device;
     QByteArray m_buffer;
     QByteArray m_joined; // a piece that straddles two chunks
-    QByteArray m_head; // the kept head of a long line
     qsizetype m_pos = 0;
     qsizetype m_len = 0;
     bool m_eof = false;

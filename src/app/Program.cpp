@@ -86,6 +86,7 @@ void Program::Main()
     const auto getEnv = m_options.getEnv;
     context.isRussianSystem = [getEnv] { return IsRussianSystem(getEnv); };
     context.clock = m_clock;
+    context.fileOps = m_options.fileOps;
     context.waiting = &m_waiting;
     m_settingsFile = std::make_unique<SettingsFile>(m_settings, std::move(context));
 

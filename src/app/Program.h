@@ -11,6 +11,7 @@
 #include <memory>
 
 class Clock;
+class FileOps;
 class CalendarMonthExtForm;
 class QWidget;
 class WindowBehaviour;
@@ -25,6 +26,7 @@ struct ProgramOptions
     // Screen size in twips; the primary screen when zero.
     int screenWidthTwips = 0;
     int screenHeightTwips = 0;
+    FileOps *fileOps = nullptr; // the system calls when null
 };
 
 // The process-wide state: the settings, the folders, the loaded windows, and the start-up and

@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <vector>
 
 namespace {
 
@@ -38,15 +39,15 @@ struct KeyName
 };
 
 constexpr std::array<KeyName, 9> KeyOrder = { {
-        { Key::Language, "language=" },
-        { Key::ColorScheme, "colorscheme=" },
-        { Key::FirstWeekDay, "firstweekday=" },
-        { Key::CalendarBorderWidth, "calendarborderwidth=" },
-        { Key::CalendarPicture, "calendarpicture=" },
-        { Key::CalendarLeft, "calendarleft=" },
-        { Key::CalendarTop, "calendartop=" },
-        { Key::CalendarAlignToCenter, "calendaraligntocenter=" },
-        { Key::CalendarTopmost, "calendartopmost=" },
+    { Key::Language, "language=" },
+    { Key::ColorScheme, "colorscheme=" },
+    { Key::FirstWeekDay, "firstweekday=" },
+    { Key::CalendarBorderWidth, "calendarborderwidth=" },
+    { Key::CalendarPicture, "calendarpicture=" },
+    { Key::CalendarLeft, "calendarleft=" },
+    { Key::CalendarTop, "calendartop=" },
+    { Key::CalendarAlignToCenter, "calendaraligntocenter=" },
+    { Key::CalendarTopmost, "calendartopmost=" },
 } };
 
 std::string asciiLower(QByteArrayView bytes)
@@ -215,8 +216,7 @@ bool SettingsFile::applyLine(const QByteArray &line)
         s.Language = oneOf(value, { English, Russian }, English);
         return true;
     case Key::ColorScheme:
-        s.ColorScheme = oneOf(value, AppearanceNames::colorSchemeChoices(),
-                              QStringLiteral("Blue"));
+        s.ColorScheme = oneOf(value, AppearanceNames::colorSchemeChoices(), QStringLiteral("Blue"));
         s.CurrentColorScheme = m_context.resolveColorScheme(s.ColorScheme);
         if (s.PreviousColorScheme.isEmpty())
             s.PreviousColorScheme = s.CurrentColorScheme;
@@ -228,8 +228,7 @@ bool SettingsFile::applyLine(const QByteArray &line)
     case Key::CalendarBorderWidth:
         return number(0, 3, s.CalendarBorderWidth);
     case Key::CalendarPicture:
-        s.CalendarPicture = oneOf(value, AppearanceNames::pictureChoices(),
-                                  QStringLiteral("None"));
+        s.CalendarPicture = oneOf(value, AppearanceNames::pictureChoices(), QStringLiteral("None"));
         s.CurrentPicture = m_context.resolvePicture(s.CalendarPicture);
         if (s.PreviousPicture.isEmpty())
             s.PreviousPicture = s.CurrentPicture;
@@ -256,12 +255,15 @@ bool SettingsFile::readFrom(QIODevice &device)
     bool ok = true;
     quint64 lines = 0;
     while (reader.readLine(line)) {
-        if (line.contains('='))
-            ok = applyLine(line.toByteArray()) && ok;
-        // Looking at the clock after every line of a file of empty lines would cost more than
-        // reading them; every 64th line keeps the cut within microseconds of the deadline.
-        if ((lines++ & 63) == 0 && steadyNow() >= deadline)
+        // The deadline is looked at after every line, as far as anyone can tell: only a line
+        // with "=" can change the record, so the clock is read before each of those. A file of
+        // millions of other lines reads the clock every 64th line, which keeps the cut within
+        // microseconds and a 1 GB file far inside the deadline.
+        const bool mayApply = line.contains('=');
+        if (lines++ > 0 && (mayApply || (lines & 63) == 0) && steadyNow() >= deadline)
             break;
+        if (mayApply)
+            ok = applyLine(line.toByteArray()) && ok;
     }
     return ok && !reader.hasError();
 }
@@ -270,8 +272,11 @@ bool SettingsFile::ReadSettings()
 {
     bool ok = false;
     {
+        // Only a regular file is read: a folder fails, and a FIFO or a device would block or
+        // never end.
         QFile file(m_context.settingsPath);
-        if (!QFileInfo(m_context.settingsPath).isDir() && file.open(QIODevice::ReadOnly)) {
+        if (QFileInfo(m_context.settingsPath).isFile()
+            && file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
             ok = readFrom(file);
             applyLanguageSwitches();
             m_settings.ShadowOffset = 65;
@@ -319,8 +324,8 @@ bool SettingsFile::WriteSettings()
     const QString folder = FolderOfPath(m_context.settingsPath);
     if (!FolderExists(folder))
         CreateFolder(folder, false, false, m_context.waiting);
-    return AtomicFile::write(m_context.settingsPath, QStringLiteral("settings.tmp"),
-                             fileContents(), ops);
+    return AtomicFile::write(m_context.settingsPath, QStringLiteral("settings.tmp"), fileContents(),
+                             ops);
 }
 
 bool SettingsFile::UpdateSettingsKeys(const QString &path,
@@ -329,48 +334,57 @@ bool SettingsFile::UpdateSettingsKeys(const QString &path,
     if (!FileExists(path))
         return false;
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return false;
 
-    // The file is small by design; one that is not is copied up to the deadline like the
-    // reader reads it, a line's pieces streamed through unchanged.
+    struct Replacement
+    {
+        std::string lowerKey;
+        QByteArray line;
+    };
+    std::vector<Replacement> replacements;
+    for (const auto &[key, value] : pairs)
+        replacements.push_back(
+            { key.toLower().toStdString(), key.toLatin1() + QByteArray::number(value) });
+
+    FileOps &ops = m_context.fileOps ? *m_context.fileOps : FileOps::system();
+    const QString tempName =
+        QFileInfo(AtomicFile::resolveTarget(path)).completeBaseName() + QStringLiteral(".tmp");
+    AtomicFile::Writer writer(path, tempName, ops);
+    if (!writer.open())
+        return false;
+
+    // Streamed piece by piece, so a file of any size costs no more memory than the reader. A
+    // key is looked for in the first piece of a line; the rest of a replaced line is dropped.
     const auto deadline = steadyNow() + m_context.keyUpdateDeadline;
     LineReader reader(file);
-    QByteArray out;
     QByteArrayView piece;
     bool endsLine = true;
-    bool skipRest = false;
+    bool dropRest = false;
     bool lineStart = true;
-    while (reader.readPiece(piece, endsLine)) {
+    bool ok = true;
+    while (ok && reader.readPiece(piece, endsLine)) {
         if (lineStart) {
-            skipRest = false;
             const std::string lower = asciiLower(piece);
-            for (const auto &[key, value] : pairs) {
-                if (lower.find(key.toLower().toStdString()) != std::string::npos) {
-                    out += key.toLatin1() + QByteArray::number(value);
-                    skipRest = true;
-                    break;
-                }
-            }
-            if (!skipRest)
-                out += piece;
-        } else if (!skipRest) {
-            out += piece;
+            const auto found =
+                std::find_if(replacements.begin(), replacements.end(), [&](const Replacement &r) {
+                    return lower.find(r.lowerKey) != std::string::npos;
+                });
+            dropRest = found != replacements.end();
+            ok = writer.write(dropRest ? QByteArrayView(found->line) : piece);
+        } else if (!dropRest) {
+            ok = writer.write(piece);
         }
         lineStart = endsLine;
         if (endsLine) {
-            out += "\r\n";
+            ok = ok && writer.write("\r\n");
             if (steadyNow() >= deadline)
                 break;
         }
     }
-    if (reader.hasError())
+    if (!ok || reader.hasError())
         return false;
     file.close();
-
-    FileOps &ops = m_context.fileOps ? *m_context.fileOps : FileOps::system();
-    const QString tempName = QFileInfo(AtomicFile::resolveTarget(path)).completeBaseName()
-            + QStringLiteral(".tmp");
     Wait(2, false, m_context.waiting);
-    return AtomicFile::write(path, tempName, out, ops);
+    return writer.commit();
 }

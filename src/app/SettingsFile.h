@@ -26,8 +26,8 @@ struct SettingsContext
     const Clock *clock = nullptr; // deadlines; the system clock when null
     FileOps *fileOps = nullptr; // the system calls when null
     bool *waiting = nullptr;
-    std::chrono::milliseconds readDeadline {52000};
-    std::chrono::milliseconds keyUpdateDeadline {5000};
+    std::chrono::milliseconds readDeadline { 52000 };
+    std::chrono::milliseconds keyUpdateDeadline { 5000 };
 };
 
 // The settings file "qlvcal.ini": reader, writer, defaults and the key update used at shut-down.

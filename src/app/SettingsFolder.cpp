@@ -15,6 +15,15 @@ QByteArray systemGetEnv(const char *name)
     return qgetenv(name);
 }
 
+bool createPrivatePath(const QString &path, bool *waiting)
+{
+    const QString parent = FolderOfPath(path);
+    if (!parent.isEmpty() && parent != path && !FolderExists(parent)
+        && !createPrivatePath(parent, waiting))
+        return false;
+    return CreateFolder(path, false, true, waiting, 0700);
+}
+
 } // namespace
 
 FolderEnvironment systemFolderEnvironment(const QString &programFolder)
@@ -50,8 +59,9 @@ QString GetSettingsFolder(const FolderEnvironment &env, bool *waiting)
     const QString base = configHome(env);
     if (base.isEmpty())
         return programFolder;
-    // The XDG rules ask for the base folder to be created private to the user.
-    if (!FolderExists(base) && !CreateFolder(base, false, true, waiting, 0700))
+    // The XDG rules ask for a missing base folder (and any missing parent of it) to be created
+    // private to the user.
+    if (!FolderExists(base) && !createPrivatePath(base, waiting))
         return programFolder;
 
     const QString folder = base + QStringLiteral("/QLVCalendarLite/");
@@ -64,7 +74,7 @@ QString GetSettingsFolder(const FolderEnvironment &env, bool *waiting)
 
 bool IsRussianSystem(const std::function<QByteArray(const char *)> &getEnv)
 {
-    for (const char *name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    for (const char *name : { "LC_ALL", "LC_MESSAGES", "LANG" }) {
         const QByteArray value = getEnv(name);
         if (value.isEmpty())
             continue;
