@@ -44,6 +44,7 @@ Shadow::Shadow(std::uint32_t colorBgr)
     , m_colorBgr(colorBgr)
 {
     setObjectName(QStringLiteral("Shadow"));
+    setWindowTitle(QStringLiteral("Shadow"));
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_QuitOnClose, false);
     setAttribute(Qt::WA_OpaquePaintEvent);
