@@ -6,6 +6,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 
+#include <cstring>
 #include <xcb/xcb.h>
 
 namespace {
@@ -28,6 +29,29 @@ bool restackBelowOnX11(QWidget *lower, QWidget *upper)
         return false;
     }
     return true;
+}
+
+xcb_atom_t internAtom(xcb_connection_t *connection, const char *name)
+{
+    xcb_intern_atom_reply_t *reply = xcb_intern_atom_reply(
+        connection, xcb_intern_atom(connection, 0, uint16_t(strlen(name)), name), nullptr);
+    const xcb_atom_t atom = reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
+    free(reply);
+    return atom;
+}
+
+// Keeps a window out of the taskbar and the pager. Qt adds its own states to these when it maps
+// the window, so this must come before.
+void skipTaskbarOnX11(QWidget *window)
+{
+    auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (!x11 || !x11->connection())
+        return;
+    xcb_connection_t *connection = x11->connection();
+    const xcb_atom_t states[] = { internAtom(connection, "_NET_WM_STATE_SKIP_TASKBAR"),
+                                  internAtom(connection, "_NET_WM_STATE_SKIP_PAGER") };
+    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, xcb_window_t(window->winId()),
+                        internAtom(connection, "_NET_WM_STATE"), XCB_ATOM_ATOM, 32, 2, states);
 }
 
 } // namespace
@@ -58,6 +82,14 @@ void Shadow::setShadowColor(std::uint32_t colorBgr)
         return;
     m_colorBgr = colorBgr;
     update();
+}
+
+void Shadow::showEvent(QShowEvent *event)
+{
+    // The native window may have been made anew for new flags, so this is done at every show.
+    if (QGuiApplication::platformName() == QStringLiteral("xcb"))
+        skipTaskbarOnX11(this);
+    QWidget::showEvent(event);
 }
 
 void Shadow::paintEvent(QPaintEvent *event)

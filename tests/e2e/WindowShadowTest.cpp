@@ -146,6 +146,9 @@ TEST_F(WindowShadowE2e, ShadowLiesBeneathFollowsADragAndComesBackWhenCovered)
     ASSERT_FALSE(shadow.empty()) << "no shadow window with a compositor running";
 
     EXPECT_NE(xprop(main, "WM_CLASS").find("\"qlvcallt\""), std::string::npos);
+    // The program has one taskbar entry: the Main window's.
+    EXPECT_NE(xprop(shadow, "_NET_WM_STATE").find("_NET_WM_STATE_SKIP_TASKBAR"), std::string::npos);
+    EXPECT_EQ(xprop(main, "_NET_WM_STATE").find("_NET_WM_STATE_SKIP_TASKBAR"), std::string::npos);
     // 180 of 255, as the 32-bit fraction X keeps.
     const std::string opacity = xprop(shadow, "_NET_WM_WINDOW_OPACITY");
     const auto eq = opacity.find("= ");
@@ -183,6 +186,7 @@ TEST_F(WindowShadowE2e, ShadowLiesBeneathFollowsADragAndComesBackWhenCovered)
         std::this_thread::sleep_for(50ms);
     const auto took = std::chrono::duration_cast<std::chrono::milliseconds>(
         std::chrono::steady_clock::now() - raised);
+    RecordProperty("restack_ms", std::to_string(took.count()));
     EXPECT_TRUE(shadowBeneath(main, shadow));
     EXPECT_LE(took.count(), 1610 + 400);
 }

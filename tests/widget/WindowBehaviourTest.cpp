@@ -221,7 +221,8 @@ TEST_P(ShadowFixture, ShadowExistsOnlyWhenShadowsAreOn)
         EXPECT_EQ(s->objectName(), QStringLiteral("Shadow"));
         EXPECT_TRUE(s->windowFlags().testFlag(Qt::WindowTransparentForInput));
         EXPECT_TRUE(s->windowFlags().testFlag(Qt::FramelessWindowHint));
-        EXPECT_EQ(s->windowType(), Qt::Tool);
+        EXPECT_TRUE(s->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));
+        EXPECT_FALSE(s->testAttribute(Qt::WA_QuitOnClose));
         EXPECT_NEAR(s->windowOpacity(), 180 / 255.0, 0.01);
         EXPECT_EQ(s->ShadowColor(), 0x525252u);
         EXPECT_EQ(s->grab().toImage().pixelColor(5, 5), QColor(0x52, 0x52, 0x52));
