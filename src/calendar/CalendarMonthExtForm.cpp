@@ -3,6 +3,7 @@
 #include "app/Program.h"
 #include "windowing/Placement.h"
 #include "windowing/WindowBehaviour.h"
+#include "windowing/WindowGuard.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -44,6 +45,8 @@ CalendarMonthExtForm::CalendarMonthExtForm(Program &program, QWidget *parent)
     // Keys reach the window before its controls, wherever the focus is.
     qApp->installEventFilter(this);
     m_program.windowBehaviour().attachMainWindow(this, FrameMove);
+    connect(findChild<WindowGuard *>(), &WindowGuard::keyUpTimedOut, this,
+            [this] { m_keyIsDown = false; });
     m_program.setFormLoaded(objectName(), true);
 }
 
@@ -58,14 +61,12 @@ void CalendarMonthExtForm::showAtStart()
     const QScreen *screen = QGuiApplication::primaryScreen();
     const QRect area = screen ? screen->geometry() : QRect(0, 0, 1024, 768);
     const QPoint topLeft = s.CalendarAlignToCenter == QStringLiteral("Yes")
-        ? Placement::centredTopLeft(area, size())
-        : Placement::keptOnScreen({ s.CalendarLeft, s.CalendarTop }, size(), area);
+            ? Placement::centredTopLeft(area, size())
+            : Placement::keptOnScreen({ s.CalendarLeft, s.CalendarTop }, size(), area);
     if (s.CalendarTopmost == QStringLiteral("Yes"))
         setWindowFlag(Qt::WindowStaysOnTopHint, true);
     move(topLeft);
-    show();
-    raise();
-    activateWindow();
+    m_program.windowBehaviour().showWindow(this);
     ButtFocus->setFocus();
 }
 
