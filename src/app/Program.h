@@ -59,6 +59,11 @@ public:
     // True while a message-pumping wait runs; part of the program-wide busy test.
     bool isWaiting() const { return m_waiting; }
     bool *waitingFlag() { return &m_waiting; }
+    // Set by whoever shows a window, for as long as the showing lasts.
+    void setShowingWindow(bool showing) { m_showingWindow = showing; }
+    // The program-wide busy test: a pumping wait runs or a window is being shown. Handlers that
+    // rebuild the calendar do nothing meanwhile.
+    bool IsBusy() const { return m_waiting || m_showingWindow; }
     // How many times start-up called ReadSettings.
     int settingsReads() const { return m_settingsReads; }
 
@@ -80,6 +85,7 @@ private:
     QSet<QString> m_loadedForms;
     QPointer<QWidget> m_mainForm; // the CalendarMonthExtForm
     bool m_waiting = false;
+    bool m_showingWindow = false;
     bool m_shutDown = false;
     int m_settingsReads = 0;
 };

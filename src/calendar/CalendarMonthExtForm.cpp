@@ -1,15 +1,37 @@
 #include "CalendarMonthExtForm.h"
 
+#include "DateRules.h"
+#include "DayButton.h"
+#include "MainFormBuilder.h"
+#include "MainFormLayout.h"
+#include "TimeText.h"
+#include "app/Clock.h"
 #include "app/Program.h"
+#include "appearance/Captions.h"
 #include "windowing/Placement.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QFrame>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
 #include <QScreen>
-#include <QVBoxLayout>
+#include <QTimer>
+#include <QWheelEvent>
+
+namespace {
+
+constexpr int ClockInterval = 108; // ms
+constexpr int WheelNotch = 120; // angle units of one wheel notch
+
+QString yearText(int year)
+{
+    return QStringLiteral("%1").arg(year, 4, 10, QLatin1Char('0'));
+}
+
+} // namespace
 
 CalendarMonthExtForm::CalendarMonthExtForm(Program &program, QWidget *parent)
     : QWidget(parent, Qt::Window | Qt::FramelessWindowHint)
@@ -18,36 +40,60 @@ CalendarMonthExtForm::CalendarMonthExtForm(Program &program, QWidget *parent)
     setObjectName(QStringLiteral("CalendarMonthExtForm"));
     setAttribute(Qt::WA_DeleteOnClose);
     setFixedSize(MainFormWidthTwips / TwipsPerPixel, MainFormHeightTwips / TwipsPerPixel);
+    setFont(QFont(QStringLiteral("Arial"), 9));
+    // The clock style is fixed for the run by the language the program started in.
+    m_timeAmPm = Captions::isEnglish(m_program.settings().Language);
 
-    FrameMove = new QFrame(this);
-    FrameMove->setObjectName(QStringLiteral("FrameMove"));
-    FrameMove->setGeometry(rect());
+    createControls();
+    SettingLabelesAndButtons();
 
-    ButtFocus = new QPushButton(this);
-    ButtFocus->setObjectName(QStringLiteral("ButtFocus"));
-    ButtFocus->setGeometry(-40, -40, 1, 1);
+    DisplayDate = m_program.clock().now().date();
+    TodayDate = DisplayDate;
+    SelectedDate = DisplayDate;
+    UpdateCalendarDate();
+    ButtUndo->setEnabled(false);
+    ButtRedo->setEnabled(false);
 
-    KnOk = new QPushButton(QStringLiteral("OK"), this);
-    KnOk->setObjectName(QStringLiteral("KnOk"));
-    KnOk->setGeometry(width() - 64, height() - 34, 56, 26);
-    connect(KnOk, &QPushButton::clicked, this, &CalendarMonthExtForm::KnOkClick);
-
-    KnClose = new QPushButton(QStringLiteral("x"), this);
-    KnClose->setObjectName(QStringLiteral("KnClose"));
-    KnClose->setGeometry(width() - 26, 4, 22, 22);
-    connect(KnClose, &QPushButton::clicked, this, [this] {
-        KnOk->setFocus();
-        KnOkClick();
-    });
+    TimerCheckAreaForm = new QTimer(this);
+    TimerCheckAreaForm->setObjectName(QStringLiteral("TimerCheckAreaForm"));
+    TimerCheckAreaForm->setInterval(ClockInterval);
+    connect(TimerCheckAreaForm, &QTimer::timeout, this,
+            &CalendarMonthExtForm::TimerCheckAreaFormTick);
+    TimerCheckAreaForm->start();
 
     // Keys reach the window before its controls, wherever the focus is.
     qApp->installEventFilter(this);
     m_program.setFormLoaded(objectName(), true);
+    LoadDone = true;
 }
 
 CalendarMonthExtForm::~CalendarMonthExtForm()
 {
     m_program.setFormLoaded(QStringLiteral("CalendarMonthExtForm"), false);
+}
+
+void CalendarMonthExtForm::createControls()
+{
+    MainFormBuilder::createControls(*this);
+    connect(KnOk, &QPushButton::clicked, this, &CalendarMonthExtForm::KnOkClick);
+    connect(KnClose, &QPushButton::clicked, this, [this] {
+        KnOk->setFocus();
+        KnOkClick();
+    });
+    connect(ButtPrevMonth, &QPushButton::clicked, this, &CalendarMonthExtForm::ButtPrevMonthClick);
+    connect(ButtNextMonth, &QPushButton::clicked, this, &CalendarMonthExtForm::ButtNextMonthClick);
+    // Only a user's choice counts as a list click; the rebuild's own writes do not.
+    connect(ListMonth, &QComboBox::activated, this, &CalendarMonthExtForm::ListClick);
+    connect(ListYear, &QComboBox::activated, this, &CalendarMonthExtForm::ListClick);
+    for (int i = 1; i <= MonthGrid::CellCount; ++i) {
+        DayButton *cell = ButtDay[static_cast<std::size_t>(i)];
+        connect(cell, &DayButton::focusGained, this, [this](int index, Qt::FocusReason reason) {
+            // Focus coming back with the window or from a closed list popup is not a pick.
+            if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+                ButtDayGotFocus(index);
+        });
+        connect(cell, &DayButton::moveRequested, this, &CalendarMonthExtForm::moveDayFocus);
+    }
 }
 
 void CalendarMonthExtForm::showAtStart()
@@ -56,15 +102,277 @@ void CalendarMonthExtForm::showAtStart()
     const QScreen *screen = QGuiApplication::primaryScreen();
     const QRect area = screen ? screen->geometry() : QRect(0, 0, 1024, 768);
     const QPoint topLeft = s.CalendarAlignToCenter == QStringLiteral("Yes")
-            ? Placement::centredTopLeft(area, size())
-            : Placement::keptOnScreen({ s.CalendarLeft, s.CalendarTop }, size(), area);
+        ? Placement::centredTopLeft(area, size())
+        : Placement::keptOnScreen({ s.CalendarLeft, s.CalendarTop }, size(), area);
     if (s.CalendarTopmost == QStringLiteral("Yes"))
         setWindowFlag(Qt::WindowStaysOnTopHint, true);
     move(topLeft);
+    m_program.setShowingWindow(true);
     show();
     raise();
     activateWindow();
     ButtFocus->setFocus();
+    m_program.setShowingWindow(false);
+}
+
+void CalendarMonthExtForm::UpdateCalendarDate()
+{
+    if (!ListChangeLock && DateRules::isShownMonth(DisplayDate)) {
+        ListMonth->setCurrentIndex(DisplayDate.month() - 1);
+        ListYear->setCurrentIndex(ListYear->findText(yearText(DisplayDate.year())));
+    }
+    bool ok = false;
+    const int year = shownYear(&ok);
+    const int month = shownMonth();
+    if (!ok || month < 1 || month > 12)
+        return; // the grid keeps what it shows
+
+    MonthGrid::FillRequest request;
+    request.year = year;
+    request.month = month;
+    request.today = m_program.clock().now().date();
+    request.selected = SelectedDate;
+    request.weekStartsOnSunday = Captions::weekStartsOnSunday(m_program.settings().FirstWeekDay);
+    request.partial = m_partialUpdate;
+    m_grid.fill(request, m_program.clock());
+    showGrid();
+
+    LabelActDate2Val->setText(LocaleFormats::shortDate(DisplayDate));
+    LabelLeftDaysVal->setText(
+        QString::number(dayDifference(NowToMinute(m_program.clock()), DisplayDate)));
+    LabelActDate->setText(QLatin1Char(' ') + ListMonth->currentText() + QLatin1Char(' '));
+    // The unit follows the number at a word's distance.
+    const int unitLeft = LabelLeftDaysVal->x()
+        + LabelLeftDaysVal->fontMetrics().horizontalAdvance(LabelLeftDaysVal->text()) + 5;
+    LabelDays->setGeometry(unitLeft, LabelDays->y(),
+                           MainFormLayout::Width - MainFormLayout::Margin - unitLeft,
+                           LabelDays->height());
+    applyMonthBounds(year, month);
+    Q_EMIT gridRebuilt();
+}
+
+void CalendarMonthExtForm::showGrid()
+{
+    const QString &language = m_program.settings().Language;
+    const QDate today = m_program.clock().now().date();
+    const QLocale locale;
+    for (int i = 1; i <= MonthGrid::CellCount; ++i) {
+        DayButton *button = ButtDay[static_cast<std::size_t>(i)];
+        const MonthGrid::Cell &cell = m_grid.cell(i);
+        button->setText(MonthGrid::caption(cell));
+        button->setBackColor(cell.backColor);
+        // Tab walks the days only; a blank cell is reached by a click or an arrow key.
+        button->setFocusPolicy(cell.day > 0 ? Qt::StrongFocus : Qt::ClickFocus);
+        const QDate date = m_grid.dateOf(i);
+        QString name;
+        if (date.isValid()) {
+            name = locale.toString(date, QLocale::LongFormat);
+            if (date == today)
+                name += QStringLiteral(", ") + Captions::pick(Captions::TodayMark, language);
+            if (date == SelectedDate)
+                name += QStringLiteral(", ") + Captions::pick(Captions::SelectedMark, language);
+        }
+        if (button->accessibleName() != name)
+            button->setAccessibleName(name);
+    }
+}
+
+void CalendarMonthExtForm::applyMonthBounds(int year, int month)
+{
+    // A disabled button cannot keep the focus, so the focus leaves it first.
+    if (DateRules::isFirstMonth(year, month)) {
+        if (ButtPrevMonth->isEnabled()) {
+            ButtUndo->setFocus();
+            ButtPrevMonth->setEnabled(false);
+        }
+    } else if (!ButtPrevMonth->isEnabled()) {
+        ButtPrevMonth->setEnabled(true);
+    }
+    if (DateRules::isLastMonth(year, month)) {
+        if (ButtNextMonth->isEnabled()) {
+            ButtUndo->setFocus();
+            ButtNextMonth->setEnabled(false);
+        }
+    } else if (!ButtNextMonth->isEnabled()) {
+        ButtNextMonth->setEnabled(true);
+    }
+}
+
+void CalendarMonthExtForm::SettingLabelesAndButtons()
+{
+    const Settings &s = m_program.settings();
+    const QString &lang = s.Language;
+
+    ListMonth->clear();
+    ListMonth->addItems(Captions::monthNames(lang));
+    const QStringList weekdays = Captions::weekdayNames(lang, s.FirstWeekDay);
+    for (int column = 1; column <= MonthGrid::ColumnCount; ++column)
+        LabelWeekDay[static_cast<std::size_t>(column)]->setText(weekdays.at(column - 1));
+
+    LabelSettings->setText(Captions::pick(Captions::LabelSettings, lang));
+    LabelAbout->setText(Captions::pick(Captions::LabelAbout, lang));
+    LabelToday->setText(Captions::pick(Captions::LabelToday, lang));
+    LabelTime->setText(Captions::pick(Captions::LabelTime, lang));
+    LabelActDate2->setText(Captions::pick(Captions::LabelActDate2, lang));
+    LabelLeftDays->setText(Captions::pick(Captions::LabelLeftDays, lang));
+    LabelMonth->setText(Captions::pick(Captions::LabelMonth, lang));
+
+    const Clock &clock = m_program.clock();
+    LabelTodayVal->setText(LocaleFormats::shortDate(NowToMinute(clock).date()));
+    LabelTimeVal->setText(LocaleFormats::longTime(NowToSecond(clock)));
+    LabelDays->setText(Captions::pick(Captions::LabelDays, lang));
+}
+
+void CalendarMonthExtForm::TimerCheckAreaFormTick()
+{
+    const QDateTime now = m_program.clock().now();
+    const QLocale locale;
+    const QString time =
+        FormatTime(now.time(), true, TimeFormatContext::fromLocale(locale, now, m_timeAmPm));
+    if (time == LabelTimeVal->text())
+        return;
+    LabelTimeVal->setText(time);
+    const QString date = LocaleFormats::shortDate(now.date(), locale);
+    if (date != LabelTodayVal->text()) {
+        // A new day (midnight, or waking from a suspend): move the today mark and the difference.
+        LabelTodayVal->setText(date);
+        UpdateCalendarDate();
+    }
+}
+
+int CalendarMonthExtForm::shownYear(bool *ok) const
+{
+    return ListYear->currentText().trimmed().toInt(ok);
+}
+
+int CalendarMonthExtForm::shownMonth() const
+{
+    return ListMonth->currentIndex() + 1;
+}
+
+void CalendarMonthExtForm::ButtPrevMonthClick()
+{
+    stepMonth(-1);
+}
+
+void CalendarMonthExtForm::ButtNextMonthClick()
+{
+    stepMonth(1);
+}
+
+void CalendarMonthExtForm::stepMonth(int months)
+{
+    ButtUndo->setEnabled(true);
+    // Going one way always makes the way back possible.
+    QPushButton *opposite = months > 0 ? ButtPrevMonth : ButtNextMonth;
+    if (!opposite->isEnabled())
+        opposite->setEnabled(true);
+    // A day pick has already put its target date in place.
+    if (!DaySelectBusy)
+        DisplayDate = DateRules::addMonths(DisplayDate, months);
+    HistoryStepLock = true;
+    UpdateCalendarDate();
+    HistoryStepLock = false;
+}
+
+void CalendarMonthExtForm::ListClick()
+{
+    if (m_program.IsBusy() || !LoadDone || ListChangeLock || HistoryStepLock)
+        return;
+    ButtUndo->setEnabled(true);
+    bool ok = false;
+    const int year = shownYear(&ok);
+    // Day overflow runs on: 31 January with February chosen is early March, while the grid
+    // still shows February because the lists are not written back.
+    const QDate date = DateRules::dateSerial(year, shownMonth(), DisplayDate.day());
+    if (!ok || !date.isValid())
+        return;
+    DisplayDate = date;
+    ListChangeLock = true;
+    UpdateCalendarDate();
+    ListChangeLock = false;
+}
+
+void CalendarMonthExtForm::ButtDayGotFocus(int index)
+{
+    if (m_program.IsBusy() || DayFocusLock)
+        return;
+    ButtUndo->setEnabled(true);
+    ButtRedo->setEnabled(false);
+    DaySelectBusy = true;
+    const int day = m_grid.cell(index).day;
+    bool ok = false;
+    const int year = shownYear(&ok);
+    if (!ok) {
+        DaySelectBusy = false;
+        return;
+    }
+    if (day == 0) {
+        stepToNeighbourMonth(DateRules::cellDate(year, shownMonth(), m_grid.firstDayCell(), index));
+    } else {
+        DisplayDate = QDate(year, shownMonth(), day);
+        SelectedDate = DisplayDate;
+        DayFocusLock = true;
+        UpdateCalendarDate();
+        if (SelectedDate == TodayDate)
+            ButtUndo->setEnabled(false); // nothing to go back to
+        RedoDate = SelectedDate;
+        DayFocusLock = false;
+    }
+    DaySelectBusy = false;
+}
+
+bool CalendarMonthExtForm::stepToNeighbourMonth(QDate target)
+{
+    bool ok = false;
+    const int year = shownYear(&ok);
+    const bool forward = target > QDate(year, shownMonth(), 1);
+    QPushButton *button = forward ? ButtNextMonth : ButtPrevMonth;
+    if (!ok || !button->isEnabled())
+        return false; // at the bounds nothing moves
+    const bool wasBusy = DaySelectBusy;
+    DaySelectBusy = true; // the month step keeps the target date
+    DisplayDate = target;
+    stepMonth(forward ? 1 : -1);
+    DaySelectBusy = wasBusy;
+    // Focusing the target cell picks that day.
+    if (const int cell = m_grid.cellOf(target))
+        ButtDay[static_cast<std::size_t>(cell)]->setFocus(Qt::OtherFocusReason);
+    return true;
+}
+
+void CalendarMonthExtForm::moveDayFocus(int index, int offset)
+{
+    const int target = index + offset;
+    if (target >= 1 && target <= MonthGrid::CellCount) {
+        ButtDay[static_cast<std::size_t>(target)]->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    bool ok = false;
+    const int year = shownYear(&ok);
+    if (!ok || m_program.IsBusy())
+        return;
+    stepToNeighbourMonth(DateRules::cellDate(year, shownMonth(), m_grid.firstDayCell(), target));
+}
+
+void CalendarMonthExtForm::wheelEvent(QWheelEvent *event)
+{
+    const QPoint at = event->position().toPoint();
+    const QRect area = MainFormLayout::gridArea().united(MainFormLayout::weekdayLabel(1));
+    if (!area.contains(at)) {
+        QWidget::wheelEvent(event);
+        return;
+    }
+    event->accept();
+    // Touchpads send small steps; a month moves per full notch. Up goes back in time.
+    m_wheelAngle += event->angleDelta().y();
+    while (qAbs(m_wheelAngle) >= WheelNotch) {
+        const bool back = m_wheelAngle > 0;
+        m_wheelAngle += back ? -WheelNotch : WheelNotch;
+        QPushButton *button = back ? ButtPrevMonth : ButtNextMonth;
+        if (button->isEnabled())
+            back ? ButtPrevMonthClick() : ButtNextMonthClick();
+    }
 }
 
 void CalendarMonthExtForm::KnOkClick()
