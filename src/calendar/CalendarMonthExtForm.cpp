@@ -93,6 +93,7 @@ void CalendarMonthExtForm::createControls()
                 ButtDayGotFocus(index);
         });
         connect(cell, &DayButton::moveRequested, this, &CalendarMonthExtForm::moveDayFocus);
+        connect(cell, &DayButton::wheelTurned, this, &CalendarMonthExtForm::stepByWheel);
     }
 }
 
@@ -364,8 +365,13 @@ void CalendarMonthExtForm::wheelEvent(QWheelEvent *event)
         return;
     }
     event->accept();
+    stepByWheel(event->angleDelta().y());
+}
+
+void CalendarMonthExtForm::stepByWheel(int angle)
+{
     // Touchpads send small steps; a month moves per full notch. Up goes back in time.
-    m_wheelAngle += event->angleDelta().y();
+    m_wheelAngle += angle;
     while (qAbs(m_wheelAngle) >= WheelNotch) {
         const bool back = m_wheelAngle > 0;
         m_wheelAngle += back ? -WheelNotch : WheelNotch;

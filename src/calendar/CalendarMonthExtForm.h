@@ -95,6 +95,7 @@ private:
     void ButtDayGotFocus(int index);
     void moveDayFocus(int index, int offset);
     bool stepToNeighbourMonth(QDate target);
+    void stepByWheel(int angle);
     void showGrid();
     void applyMonthBounds(int year, int month);
     int shownYear(bool *ok) const;

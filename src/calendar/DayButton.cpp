@@ -84,6 +84,6 @@ void DayButton::keyPressEvent(QKeyEvent *event)
 
 void DayButton::wheelEvent(QWheelEvent *event)
 {
-    // The window steps the month for the whole grid.
-    event->ignore();
+    event->accept();
+    Q_EMIT wheelTurned(event->angleDelta().y());
 }

@@ -21,6 +21,8 @@ Q_SIGNALS:
     void focusGained(int index, Qt::FocusReason reason);
     // An arrow key asks to move the focus by `offset` cells (one column or one row of seven).
     void moveRequested(int index, int offset);
+    // The wheel turned over the cell by `angle` (120 per notch); the window steps the month.
+    void wheelTurned(int angle);
 
 protected:
     void paintEvent(QPaintEvent *event) override;

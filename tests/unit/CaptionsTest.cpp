@@ -1,5 +1,7 @@
 #include "appearance/Captions.h"
 
+#include "support/QtPrinters.h"
+
 #include <gtest/gtest.h>
 
 struct LanguageRow

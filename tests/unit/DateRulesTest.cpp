@@ -1,5 +1,7 @@
 #include "calendar/DateRules.h"
 
+#include "support/QtPrinters.h"
+
 #include <gtest/gtest.h>
 
 struct SerialRow

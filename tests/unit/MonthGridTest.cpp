@@ -2,6 +2,7 @@
 
 #include "app/Clock.h"
 #include "support/FakeClock.h"
+#include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 

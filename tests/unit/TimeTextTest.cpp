@@ -1,6 +1,7 @@
 #include "calendar/TimeText.h"
 
 #include "support/FakeClock.h"
+#include "support/QtPrinters.h"
 
 #include <QTimeZone>
 
