@@ -5,6 +5,8 @@
 #include <QPainterPath>
 #include <QPixmap>
 
+#include <vector>
+
 namespace VectorIcon {
 
 namespace {
@@ -37,10 +39,26 @@ public:
 
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override
     {
-        QPixmap pm(size);
+        return scaledPixmap(size, mode, state, 1.0);
+    }
+
+    QPixmap scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::State state,
+                         qreal scale) override
+    {
+        // Buttons ask for their picture at every repaint; draw each size and mode once.
+        const QSize device = size * scale;
+        for (const Cached &c : m_cache) {
+            if (c.size == device && c.mode == mode)
+                return c.pixmap;
+        }
+        QPixmap pm(device);
         pm.fill(Qt::transparent);
-        QPainter p(&pm);
-        paint(&p, QRect(QPoint(0, 0), size), mode, state);
+        {
+            QPainter p(&pm);
+            paint(&p, QRect(QPoint(0, 0), device), mode, state);
+        }
+        pm.setDevicePixelRatio(scale);
+        m_cache.push_back({ device, mode, pm });
         return pm;
     }
 
@@ -110,7 +128,15 @@ private:
         }
     }
 
+    struct Cached
+    {
+        QSize size;
+        QIcon::Mode mode;
+        QPixmap pixmap;
+    };
+
     Shape m_shape;
+    std::vector<Cached> m_cache;
 };
 
 } // namespace

@@ -5,7 +5,38 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QStaticText>
 #include <QWheelEvent>
+
+#include <vector>
+
+namespace {
+
+// The captions are the numbers 1 to 31 in one font; a month step moves them between cells, so
+// they are laid out once for all cells rather than again in each cell that changes.
+const QStaticText &laidOut(const QString &caption, const QFont &font)
+{
+    struct Entry
+    {
+        QString text;
+        QFont font;
+        QStaticText layout;
+    };
+    static std::vector<Entry> cache;
+    for (const Entry &e : cache) {
+        if (e.text == caption && e.font == font)
+            return e.layout;
+    }
+    if (cache.size() > 256)
+        cache.clear();
+    QStaticText layout(caption);
+    layout.setTextFormat(Qt::PlainText);
+    layout.prepare(QTransform(), font);
+    cache.push_back({ caption, font, layout });
+    return cache.back().layout;
+}
+
+} // namespace
 
 DayButton::DayButton(int index, QWidget *parent)
     : QPushButton(parent)
@@ -15,6 +46,8 @@ DayButton::DayButton(int index, QWidget *parent)
     setProperty("index", index);
     setFlat(true);
     setAttribute(Qt::WA_Hover);
+    // The cell paints every pixel itself, so nothing behind it needs repainting.
+    setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 void DayButton::setBackColor(std::uint32_t bgr)
@@ -27,9 +60,10 @@ void DayButton::setBackColor(std::uint32_t bgr)
 
 void DayButton::paintEvent(QPaintEvent *)
 {
+    // Square cells drawn with plain fills: crisp at any scale, and cheap enough that a month
+    // step repaints all 42 of them well within a frame.
     QPainter p(this);
-    p.setRenderHint(QPainter::Antialiasing);
-    const QRectF box = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    const QRect box = rect();
     QColor back = colorFromBgr(m_backColor);
     if (isDown())
         back = back.darker(112);
@@ -37,19 +71,24 @@ void DayButton::paintEvent(QPaintEvent *)
     QColor edge = back.darker(blank ? 108 : 125);
     if (underMouse() && isEnabled())
         edge = QColor(0x40, 0x60, 0xA0);
-    p.setPen(QPen(edge, 1));
-    p.setBrush(back);
-    p.drawRoundedRect(box, 3, 3);
+    p.fillRect(box, edge);
+    p.fillRect(box.adjusted(1, 1, -1, -1), back);
     if (hasFocus()) {
-        p.setPen(QPen(QColor(0x20, 0x40, 0x90), 1.6));
-        p.setBrush(Qt::NoBrush);
-        p.drawRoundedRect(box.adjusted(1.5, 1.5, -1.5, -1.5), 2, 2);
+        const QColor ring(0x20, 0x40, 0x90);
+        const QRect inner = box.adjusted(2, 2, -2, -2);
+        p.fillRect(inner.left(), inner.top(), inner.width(), 2, ring);
+        p.fillRect(inner.left(), inner.bottom() - 1, inner.width(), 2, ring);
+        p.fillRect(inner.left(), inner.top(), 2, inner.height(), ring);
+        p.fillRect(inner.right() - 1, inner.top(), 2, inner.height(), ring);
     }
-    if (!blank) {
-        p.setPen(isEnabled() ? QColor(0x10, 0x10, 0x10) : QColor(0x80, 0x80, 0x80));
-        p.setFont(font());
-        p.drawText(rect(), Qt::AlignCenter, text());
-    }
+    if (blank)
+        return;
+    const QStaticText &caption = laidOut(text(), font());
+    p.setFont(font());
+    p.setPen(isEnabled() ? QColor(0x10, 0x10, 0x10) : QColor(0x80, 0x80, 0x80));
+    const QSizeF size = caption.size();
+    p.drawStaticText(QPointF((box.width() - size.width()) / 2, (box.height() - size.height()) / 2),
+                     caption);
 }
 
 void DayButton::focusInEvent(QFocusEvent *event)

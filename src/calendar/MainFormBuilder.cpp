@@ -4,6 +4,7 @@
 #include "DateRules.h"
 #include "DayButton.h"
 #include "MainFormLayout.h"
+#include "appearance/CaptionLabel.h"
 #include "appearance/VectorIcon.h"
 
 #include <QComboBox>
@@ -25,7 +26,7 @@ T *named(QWidget *parent, const char *name, const QRect &geometry)
 QLabel *label(QWidget *parent, const char *name, const QRect &geometry,
               Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter)
 {
-    auto *l = named<QLabel>(parent, name, geometry);
+    QLabel *l = named<CaptionLabel>(parent, name, geometry);
     l->setAlignment(alignment);
     return l;
 }
