@@ -149,6 +149,11 @@ void CalendarMonthExtForm::UpdateCalendarDate()
                            MainFormLayout::Width - MainFormLayout::Margin - unitLeft,
                            LabelDays->height());
     applyMonthBounds(year, month);
+    // The taskbar entry's title follows the language once the window is set up.
+    if (LoadDone && m_program.IsFormLoaded(QStringLiteral("TabAppForm"), false)) {
+        const Settings &s = m_program.settings();
+        setWindowTitle(Captions::isEnglish(s.Language) ? s.AppTitleEnglish : s.AppTitleRussian);
+    }
     Q_EMIT gridRebuilt();
 }
 

@@ -479,3 +479,18 @@ TEST_F(MainFormTest, TheClockTimerKeepsTheTimeLabelCurrent)
         QTest::qWait(20);
     EXPECT_EQ(label("LabelTimeVal")->text(), QStringLiteral("9:41:07 AM"));
 }
+
+TEST_F(MainFormTest, ARebuildRetitlesTheTaskbarEntryOnlyWhenItExists)
+{
+    open(at(2026, 3, 12));
+    program->settings().AppTitleEnglish = QStringLiteral("Calendar");
+    program->settings().AppTitleRussian = QStringLiteral("Календарь");
+    form->setWindowTitle(QStringLiteral("before"));
+    form->UpdateCalendarDate();
+    EXPECT_EQ(form->windowTitle(), QStringLiteral("before"));
+
+    program->setFormLoaded(QStringLiteral("TabAppForm"), true);
+    program->settings().Language = QStringLiteral("Russian");
+    form->UpdateCalendarDate();
+    EXPECT_EQ(form->windowTitle(), QStringLiteral("Календарь"));
+}
