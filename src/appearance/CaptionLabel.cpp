@@ -1,5 +1,6 @@
 #include "CaptionLabel.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 
 CaptionLabel::CaptionLabel(QWidget *parent)
@@ -42,4 +43,11 @@ void CaptionLabel::paintEvent(QPaintEvent *event)
     p.setPen(
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, foregroundRole()));
     p.drawStaticText(QPointF(x, y), m_layout);
+}
+
+void CaptionLabel::mouseReleaseEvent(QMouseEvent *event)
+{
+    QLabel::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+        Q_EMIT clicked();
 }

@@ -13,8 +13,13 @@ class CaptionLabel : public QLabel
 public:
     explicit CaptionLabel(QWidget *parent = nullptr);
 
+Q_SIGNALS:
+    // A left click released over the label, for labels that act as links.
+    void clicked();
+
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
     QStaticText m_layout;

@@ -7,15 +7,20 @@
 #include "TimeText.h"
 #include "app/Clock.h"
 #include "app/Program.h"
+#include "appearance/CaptionLabel.h"
 #include "appearance/Captions.h"
 #include "windowing/Placement.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QFrame>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMessageBox>
+#include <QProcess>
 #include <QPushButton>
 #include <QScreen>
 #include <QTimer>
@@ -25,6 +30,7 @@ namespace {
 
 constexpr int ClockInterval = 108; // ms
 constexpr int WheelNotch = 120; // angle units of one wheel notch
+constexpr int KeyUpTimeout = 1500; // ms
 
 QString yearText(int year)
 {
@@ -60,6 +66,12 @@ CalendarMonthExtForm::CalendarMonthExtForm(Program &program, QWidget *parent)
     connect(TimerCheckAreaForm, &QTimer::timeout, this,
             &CalendarMonthExtForm::TimerCheckAreaFormTick);
     TimerCheckAreaForm->start();
+    // Ends a key-down whose release never reached us; idle until a key goes down.
+    TimerKeyUp = new QTimer(this);
+    TimerKeyUp->setObjectName(QStringLiteral("TimerKeyUp"));
+    TimerKeyUp->setInterval(KeyUpTimeout);
+    TimerKeyUp->setSingleShot(true);
+    connect(TimerKeyUp, &QTimer::timeout, this, [this] { m_keys.keyUpTimedOut(); });
 
     // Keys reach the window before its controls, wherever the focus is.
     qApp->installEventFilter(this);
@@ -80,6 +92,16 @@ void CalendarMonthExtForm::createControls()
         KnOk->setFocus();
         KnOkClick();
     });
+    connect(KnMin, &QPushButton::clicked, this, &CalendarMonthExtForm::KnMinClick);
+    connect(KnCopy, &QPushButton::clicked, this, &CalendarMonthExtForm::KnCopyClick);
+    connect(ButtNew, &QPushButton::clicked, this, &CalendarMonthExtForm::ButtNewClick);
+    connect(ButtUndo, &QPushButton::clicked, this, &CalendarMonthExtForm::ButtUndoClick);
+    connect(ButtRedo, &QPushButton::clicked, this, &CalendarMonthExtForm::ButtRedoClick);
+    connect(static_cast<CaptionLabel *>(LabelSettings), &CaptionLabel::clicked, this,
+            &CalendarMonthExtForm::settingsWindowRequested);
+    connect(static_cast<CaptionLabel *>(LabelAbout), &CaptionLabel::clicked, this,
+            &CalendarMonthExtForm::aboutWindowRequested);
+    startProgram = [](const QString &program) { QProcess::startDetached(program, {}); };
     connect(ButtPrevMonth, &QPushButton::clicked, this, &CalendarMonthExtForm::ButtPrevMonthClick);
     connect(ButtNextMonth, &QPushButton::clicked, this, &CalendarMonthExtForm::ButtNextMonthClick);
     // Only a user's choice counts as a list click; the rebuild's own writes do not.
@@ -150,10 +172,7 @@ void CalendarMonthExtForm::UpdateCalendarDate()
                            LabelDays->height());
     applyMonthBounds(year, month);
     // The taskbar entry's title follows the language once the window is set up.
-    if (LoadDone && m_program.IsFormLoaded(QStringLiteral("TabAppForm"), false)) {
-        const Settings &s = m_program.settings();
-        setWindowTitle(Captions::isEnglish(s.Language) ? s.AppTitleEnglish : s.AppTitleRussian);
-    }
+    refreshTaskbarTitle();
     Q_EMIT gridRebuilt();
 }
 
@@ -285,6 +304,7 @@ void CalendarMonthExtForm::ListClick()
 {
     if (m_program.IsBusy() || !LoadDone || ListChangeLock || HistoryStepLock)
         return;
+    m_keys.resetListState(); // a choice was made, so Esc closes again
     ButtUndo->setEnabled(true);
     bool ok = false;
     const int year = shownYear(&ok);
@@ -386,35 +406,123 @@ void CalendarMonthExtForm::stepByWheel(int angle)
     }
 }
 
+void CalendarMonthExtForm::ButtUndoClick()
+{
+    if (!ButtUndo->isEnabled())
+        return;
+    // Today afresh, not the day the window was loaded on.
+    DisplayDate = m_program.clock().now().date();
+    SelectedDate = DisplayDate;
+    HistoryStepLock = true;
+    DayFocusLock = false;
+    UpdateCalendarDate();
+    HistoryStepLock = false;
+    ButtFocus->setFocus();
+    ButtUndo->setEnabled(false);
+    if (!RedoDate.isNull())
+        ButtRedo->setEnabled(true);
+    refreshTaskbarTitle();
+}
+
+void CalendarMonthExtForm::ButtRedoClick()
+{
+    if (!ButtRedo->isEnabled())
+        return;
+    DisplayDate = RedoDate;
+    SelectedDate = DisplayDate;
+    HistoryStepLock = true;
+    DayFocusLock = false;
+    UpdateCalendarDate();
+    HistoryStepLock = false;
+    ButtFocus->setFocus();
+    ButtRedo->setEnabled(false);
+    ButtUndo->setEnabled(true);
+}
+
+void CalendarMonthExtForm::KnCopyClick()
+{
+    QClipboard *clipboard = QGuiApplication::clipboard();
+    clipboard->clear();
+    const QLocale locale;
+    clipboard->setText(LocaleFormats::shortDate(DisplayDate, locale) + QStringLiteral("  ")
+                       + locale.toString(DisplayDate, QLocale::LongFormat));
+    ButtFocus->setFocus();
+}
+
+void CalendarMonthExtForm::ButtNewClick()
+{
+    startProgram(m_program.ProgramFolder + QStringLiteral("qlvcallt"));
+    ButtFocus->setFocus();
+}
+
+bool CalendarMonthExtForm::canTakeCommands() const
+{
+    // Inert while the window is disabled (the Settings window is open), closing, or a button
+    // of the mouse is still held for a drag.
+    return isEnabled() && !m_unloading && QGuiApplication::mouseButtons() == Qt::NoButton;
+}
+
+void CalendarMonthExtForm::KnMinClick()
+{
+    if (!canTakeCommands())
+        return;
+    showMinimized();
+}
+
 void CalendarMonthExtForm::KnOkClick()
 {
-    if (!isEnabled() || m_unloading)
+    if (!canTakeCommands())
         return;
+    KnOk->setFocus();
     close();
 }
 
-bool CalendarMonthExtForm::handleKeyDown(int key, Qt::KeyboardModifiers modifiers)
+void CalendarMonthExtForm::refreshTaskbarTitle()
 {
-    m_keyIsDown = true;
-    const bool alt = modifiers & Qt::AltModifier;
-    if (key == Qt::Key_Escape) {
-        KnOk->setFocus();
-        return true;
-    }
-    if (alt && (key == Qt::Key_Q || key == Qt::Key_X)) {
-        KnOkClick();
-        return true;
-    }
-    return false;
+    if (!LoadDone || !m_program.IsFormLoaded(QStringLiteral("TabAppForm"), false))
+        return;
+    const Settings &s = m_program.settings();
+    setWindowTitle(Captions::isEnglish(s.Language) ? s.AppTitleEnglish : s.AppTitleRussian);
 }
 
-bool CalendarMonthExtForm::handleKeyUp(int key)
+void CalendarMonthExtForm::showAuthorMessage()
 {
-    if (!m_keyIsDown)
+    // Kept in pieces so that the line is not one plain string in the executable.
+    const char *pieces[] = { "QL", "V ", "Ca", "le", "nd", "ar", " L", "it", "e: ", "wr",
+                             "it", "te", "n ", "by", " i", "ts", " a", "ut", "ho",  "rs" };
+    QString text;
+    for (const char *piece : pieces)
+        text += QLatin1StringView(piece);
+    QMessageBox box(QMessageBox::NoIcon, QString(), text, QMessageBox::Ok, this);
+    box.setObjectName(QStringLiteral("AuthorMessage"));
+    box.exec();
+}
+
+bool CalendarMonthExtForm::runKeyCommand(KeyTable::Command command)
+{
+    switch (command) {
+    case KeyTable::Command::None:
+    case KeyTable::Command::EndListState:
         return false;
-    m_keyIsDown = false;
-    if (key == Qt::Key_Escape) {
+    case KeyTable::Command::Discard:
+        return true;
+    case KeyTable::Command::FocusOk:
+        KnOk->setFocus();
+        return true;
+    case KeyTable::Command::Close:
         KnOkClick();
+        return true;
+    case KeyTable::Command::AuthorMessage:
+        showAuthorMessage();
+        return true;
+    case KeyTable::Command::About:
+        Q_EMIT aboutWindowRequested();
+        return true;
+    case KeyTable::Command::Settings:
+        Q_EMIT settingsWindowRequested();
+        return true;
+    case KeyTable::Command::NewInstance:
+        ButtNewClick();
         return true;
     }
     return false;
@@ -423,16 +531,34 @@ bool CalendarMonthExtForm::handleKeyUp(int key)
 bool CalendarMonthExtForm::eventFilter(QObject *watched, QEvent *event)
 {
     const QEvent::Type type = event->type();
+    if (type == QEvent::Show && (watched == ListMonth->view() || watched == ListYear->view())) {
+        m_keys.listDroppedDown();
+        return false;
+    }
     if (type != QEvent::KeyPress && type != QEvent::KeyRelease)
         return false;
+    // Our own controls, and the drop-down of our lists, which is a window of its own.
     auto *target = qobject_cast<QWidget *>(watched);
-    if (!target || target->window() != this)
+    while (target && target != this)
+        target = target->parentWidget();
+    if (!target)
         return false;
     const auto *key = static_cast<QKeyEvent *>(event);
+    const bool mouseHeld = QGuiApplication::mouseButtons() != Qt::NoButton;
+    if (type == QEvent::KeyPress) {
+        // A held key repeats its press; the command waits for the one release.
+        if (key->isAutoRepeat())
+            return key->key() == Qt::Key_Escape;
+        const KeyTable::Command command = m_keys.keyDown(key->key(), key->modifiers(), mouseHeld);
+        if (command != KeyTable::Command::Discard) {
+            TimerKeyUp->stop();
+            TimerKeyUp->start();
+        }
+        return runKeyCommand(command);
+    }
     if (key->isAutoRepeat())
-        return type == QEvent::KeyRelease;
-    return type == QEvent::KeyPress ? handleKeyDown(key->key(), key->modifiers())
-                                    : handleKeyUp(key->key());
+        return true;
+    return runKeyCommand(m_keys.keyUp(key->key(), key->modifiers(), mouseHeld));
 }
 
 void CalendarMonthExtForm::closeEvent(QCloseEvent *event)

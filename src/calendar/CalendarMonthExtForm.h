@@ -1,11 +1,13 @@
 #pragma once
 
+#include "KeyTable.h"
 #include "MonthGrid.h"
 
 #include <QDate>
 #include <QWidget>
 
 #include <array>
+#include <functional>
 
 class DayButton;
 class Program;
@@ -38,6 +40,10 @@ public:
     void TimerCheckAreaFormTick();
 
     const MonthGrid &grid() const { return m_grid; }
+    const KeyTable &keys() const { return m_keys; }
+
+    // Starts a program with no arguments; tests replace it.
+    std::function<void(const QString &program)> startProgram;
 
     QDate TodayDate; // today as of the window's load
     QDate DisplayDate; // the grid shows this date's month
@@ -75,10 +81,14 @@ public:
     QLabel *LabelSettings = nullptr;
     QLabel *LabelAbout = nullptr;
     QTimer *TimerCheckAreaForm = nullptr;
+    QTimer *TimerKeyUp = nullptr;
 
 Q_SIGNALS:
     // Emitted at the end of every grid rebuild.
     void gridRebuilt();
+    // The Settings and About commands; the windows that answer them live elsewhere.
+    void settingsWindowRequested();
+    void aboutWindowRequested();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -101,9 +111,16 @@ private:
     int shownYear(bool *ok) const;
     int shownMonth() const;
 
+    void ButtUndoClick();
+    void ButtRedoClick();
+    void KnCopyClick();
+    void ButtNewClick();
+    void KnMinClick();
     void KnOkClick();
-    bool handleKeyDown(int key, Qt::KeyboardModifiers modifiers);
-    bool handleKeyUp(int key);
+    bool canTakeCommands() const;
+    bool runKeyCommand(KeyTable::Command command);
+    void showAuthorMessage();
+    void refreshTaskbarTitle();
 
     Program &m_program;
     MonthGrid m_grid;
@@ -118,6 +135,6 @@ private:
     bool HistoryStepLock = false;
     bool ListChangeLock = false;
 
-    bool m_keyIsDown = false;
+    KeyTable m_keys;
     bool m_unloading = false;
 };
