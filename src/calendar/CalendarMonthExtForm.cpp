@@ -81,6 +81,8 @@ CalendarMonthExtForm::CalendarMonthExtForm(Program &program, QWidget *parent)
 
 CalendarMonthExtForm::~CalendarMonthExtForm()
 {
+    // The controls go before the QObject part of us; no event may reach the filter meanwhile.
+    qApp->removeEventFilter(this);
     m_program.setFormLoaded(QStringLiteral("CalendarMonthExtForm"), false);
 }
 
