@@ -2,7 +2,9 @@
 
 #include <QClipboard>
 #include <QKeyEvent>
+#include <QMessageBox>
 #include <QSignalSpy>
+#include <QTimer>
 #include <QtTest/qtestspontaneevent.h>
 
 #include <variant>
@@ -238,4 +240,34 @@ TEST_F(MainFormTest, CommandsAreInertWhileTheWindowIsDisabled)
     QTest::sendKeyEvent(QTest::Press, form.data(), Qt::Key_Q, QString(), Qt::AltModifier);
     EXPECT_TRUE(form->isVisible());
     form->setEnabled(true);
+}
+
+TEST_F(Keys, AReleaseThatComesTooLateDoesNothing)
+{
+    open(at(2026, 3, 12));
+    QSignalSpy settings(form.data(), &CalendarMonthExtForm::settingsWindowRequested);
+    press(Qt::Key_F9);
+    ASSERT_TRUE(form->keys().KeyIsDown);
+    // The key-up time-out ends the key-down on its own.
+    for (int i = 0; i < 40 && form->keys().KeyIsDown; ++i)
+        QTest::qWait(50);
+    EXPECT_FALSE(form->keys().KeyIsDown);
+    release(Qt::Key_F9);
+    EXPECT_EQ(settings.count(), 0);
+}
+
+TEST_F(Keys, CtrlAltShiftIShowsTheAuthorLine)
+{
+    open(at(2026, 3, 12));
+    QString shown;
+    QTimer::singleShot(0, [&] {
+        if (auto *box = QApplication::activeModalWidget()) {
+            shown = box->objectName() + QLatin1Char(':') + static_cast<QMessageBox *>(box)->text();
+            box->close();
+        }
+    });
+    press(Qt::Key_I, Qt::ControlModifier | Qt::AltModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(shown.startsWith(QStringLiteral("AuthorMessage:QLV Calendar Lite")))
+        << shown.toStdString();
+    EXPECT_FALSE(closed());
 }
