@@ -66,4 +66,14 @@ QStringList weekdayNames(const QString &language, const QString &firstWeekDay)
     return names;
 }
 
+QString dayCellName(const QString &longDate, bool isToday, bool isSelected, const QString &language)
+{
+    QString name = longDate;
+    if (isToday)
+        name += QStringLiteral(", ") + pick(TodayMark, language);
+    if (isSelected)
+        name += QStringLiteral(", ") + pick(SelectedMark, language);
+    return name;
+}
+
 } // namespace Captions

@@ -33,6 +33,11 @@ inline constexpr Pair LabelLeftDays { u"Date difference:", u"Разница в �
 inline constexpr Pair LabelMonth { u"Month:", u"Месяц:" };
 inline constexpr Pair LabelDays { u"day(s)", u"дн(ей)" };
 
+// What a screen reader says for a day cell: the full date, then "today" and "selected" where
+// they apply.
+QString dayCellName(const QString &longDate, bool isToday, bool isSelected,
+                    const QString &language);
+
 // Words a screen reader adds to a day cell's date.
 inline constexpr Pair TodayMark { u"today", u"сегодня" };
 inline constexpr Pair SelectedMark { u"selected", u"выбрано" };

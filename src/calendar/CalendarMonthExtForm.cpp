@@ -191,14 +191,10 @@ void CalendarMonthExtForm::showGrid()
         // Tab walks the days only; a blank cell is reached by a click or an arrow key.
         button->setFocusPolicy(cell.day > 0 ? Qt::StrongFocus : Qt::ClickFocus);
         const QDate date = m_grid.dateOf(i);
-        QString name;
-        if (date.isValid()) {
-            name = locale.toString(date, QLocale::LongFormat);
-            if (date == today)
-                name += QStringLiteral(", ") + Captions::pick(Captions::TodayMark, language);
-            if (date == SelectedDate)
-                name += QStringLiteral(", ") + Captions::pick(Captions::SelectedMark, language);
-        }
+        const QString name = date.isValid()
+            ? Captions::dayCellName(locale.toString(date, QLocale::LongFormat), date == today,
+                                    date == SelectedDate, language)
+            : QString();
         if (button->accessibleName() != name)
             button->setAccessibleName(name);
     }

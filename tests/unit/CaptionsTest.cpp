@@ -63,3 +63,16 @@ INSTANTIATE_TEST_SUITE_P(
         WeekRow { "English", "sunday", { "Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun" } },
         WeekRow { "Russian", "Monday", { "Пн", "Вт", "Ср", "Чт", "Пт", "Сб", "Вс" } },
         WeekRow { "Russian", "Sunday", { "Вс", "Пн", "Вт", "Ср", "Чт", "Пт", "Сб" } }));
+
+TEST(DayCellName, AddsTodayAndSelectedInTheChosenLanguage)
+{
+    const QString date = QStringLiteral("Thursday, March 5, 2026");
+    const QString english = QStringLiteral("English");
+    EXPECT_EQ(Captions::dayCellName(date, false, false, english), date);
+    EXPECT_EQ(Captions::dayCellName(date, true, true, english),
+              QStringLiteral("Thursday, March 5, 2026, today, selected"));
+    EXPECT_EQ(Captions::dayCellName(date, false, true, QStringLiteral("Russian")),
+              QStringLiteral("Thursday, March 5, 2026, выбрано"));
+    EXPECT_EQ(Captions::dayCellName(date, true, false, QStringLiteral("english")),
+              QStringLiteral("Thursday, March 5, 2026, сегодня"));
+}
