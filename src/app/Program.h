@@ -64,6 +64,12 @@ public:
     // True while a message-pumping wait runs; part of the program-wide busy test.
     bool isWaiting() const { return m_waiting; }
     bool *waitingFlag() { return &m_waiting; }
+    // Set by whoever shows a window, for as long as the showing lasts.
+    // Nests: each showing(true) is matched by a showing(false).
+    void setShowingWindow(bool showing) { m_showingWindow += showing ? 1 : -1; }
+    // The program-wide busy test: a pumping wait runs or a window is being shown. Handlers that
+    // rebuild the calendar do nothing meanwhile.
+    bool IsBusy() const { return m_waiting || m_showingWindow > 0; }
     // How many times start-up called ReadSettings.
     int settingsReads() const { return m_settingsReads; }
 
@@ -88,6 +94,7 @@ private:
     QPointer<QWidget> m_mainForm; // the CalendarMonthExtForm
     std::unique_ptr<WindowBehaviour> m_windowBehaviour;
     bool m_waiting = false;
+    int m_showingWindow = 0;
     bool m_shutDown = false;
     int m_settingsReads = 0;
 };

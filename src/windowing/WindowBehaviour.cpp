@@ -231,18 +231,18 @@ void WindowBehaviour::recordGrab(QWidget *window, const PointerSource &pointer)
 
 bool WindowBehaviour::isBusy() const
 {
-    return m_program.isWaiting() || m_showing > 0;
+    return m_program.IsBusy();
 }
 
 void WindowBehaviour::showWindow(QWidget *window)
 {
     if (!window)
         return;
-    ++m_showing;
+    m_program.setShowingWindow(true);
     window->show();
     window->raise();
     window->activateWindow();
-    --m_showing;
+    m_program.setShowingWindow(false);
 }
 
 void WindowBehaviour::restackMainForm()

@@ -83,6 +83,5 @@ private:
     Program &m_program;
     DragState m_drag;
     int m_shadowsLoaded = 0;
-    int m_showing = 0;
     QPointer<TabAppForm> m_tabApp;
 };

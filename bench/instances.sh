@@ -1,0 +1,106 @@
+#!/usr/bin/env bash
+# Two figures about a second calendar, under one Xvfb:
+#  1. time from Ctrl+N in the first calendar to the second window on screen (median of RUNS);
+#  2. both calendars closing at the same moment, CLOSES times: the settings file must always
+#     parse and hold one of the two windows' positions.
+set -euo pipefail
+exe=$(realpath "${1:-build/release/qlvcallt}")
+runs=${RUNS:-10}
+closes=${CLOSES:-50}
+work=$(mktemp -d)
+chmod 700 "$work"
+pids=()
+cleanup() {
+  for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
+  wait 2>/dev/null || true
+  rm -rf "$work"
+}
+trap cleanup EXIT
+
+# A display number well away from :0, which other tools on a shared machine tend to use.
+for _ in $(seq 20); do
+  n=$((300 + RANDOM % 600))
+  [ -e "/tmp/.X$n-lock" ] && continue
+  Xvfb ":$n" -screen 0 1280x800x24 -nolisten tcp -noreset >/dev/null 2>&1 &
+  xvfb=$!
+  sleep 0.5
+  kill -0 "$xvfb" 2>/dev/null && break
+done
+pids+=("$xvfb")
+export DISPLAY=":$n"
+export XDG_RUNTIME_DIR="$work"
+export XDG_CONFIG_HOME="$work/config"
+export LC_ALL=en_US.UTF-8
+ini="$XDG_CONFIG_HOME/QLVCalendarLite/qlvcal.ini"
+mkdir -p "$(dirname "$ini")"
+
+visible() { xdotool search --onlyvisible --classname qlvcallt 2>/dev/null | grep -c . || true; }
+wait_count() {
+  for _ in $(seq 400); do [ "$(visible)" -ge "$1" ] && return 0; sleep 0.005; done
+  return 1
+}
+wait_gone() { for _ in $(seq 400); do kill -0 "$1" 2>/dev/null || return 0; sleep 0.01; done; }
+
+printf '[Appearance]\r\nLanguage=English\r\nFirstWeekDay=Sunday\r\n' >"$ini"
+"$exe" &
+first=$!
+pids+=("$first")
+wait_count 1
+win=$(xdotool search --onlyvisible --pid "$first" | head -n1)
+sleep 0.5
+times=()
+for _ in $(seq "$runs"); do
+  xdotool windowfocus --sync "$win"
+  t0=$(date +%s%N)
+  xdotool key --clearmodifiers ctrl+n
+  wait_count 2
+  t1=$(date +%s%N)
+  times+=($(((t1 - t0) / 1000000)))
+  other=$(xdotool search --onlyvisible --classname qlvcallt | grep -vx "$win" | head -n1)
+  pid=$(xdotool getwindowpid "$other")
+  kill "$pid"
+  wait_gone "$pid"
+done
+kill "$first"
+wait_gone "$first"
+median=$(printf '%s\n' "${times[@]}" | sort -n | awk '{ a[NR] = $1 } END { print a[int((NR + 1) / 2)] }')
+echo "Ctrl+N to second window visible: median ${median} ms over $runs runs (all: ${times[*]})"
+
+bad=0
+for i in $(seq "$closes"); do
+  "$exe" &
+  a=$!
+  "$exe" &
+  b=$!
+  pids+=("$a" "$b")
+  for _ in $(seq 400); do
+    wa=$(xdotool search --onlyvisible --pid "$a" 2>/dev/null | head -n1 || true)
+    wb=$(xdotool search --onlyvisible --pid "$b" 2>/dev/null | head -n1 || true)
+    [ -n "$wa" ] && [ -n "$wb" ] && break
+    sleep 0.01
+  done
+  xdotool windowmove --sync "$wa" 100 100
+  xdotool windowmove --sync "$wb" 500 300
+  sleep 0.2
+  # Both asked to close at once; neither waits for the other.
+  # (the closed window makes the rest of xdotool's key sequence fail; that is expected)
+  xdotool key --window "$wa" alt+q 2>/dev/null &
+  xdotool key --window "$wb" alt+q 2>/dev/null &
+  wait_gone "$a"
+  wait_gone "$b"
+  kill "$a" "$b" 2>/dev/null || true
+  left=$(grep -a '^CalendarLeft=' "$ini" | tr -d '\r' | cut -d= -f2)
+  top=$(grep -a '^CalendarTop=' "$ini" | tr -d '\r' | cut -d= -f2)
+  lines=$(grep -c . "$ini")
+  keys=0
+  for key in Language ColorScheme FirstWeekDay CalendarBorderWidth CalendarPicture CalendarLeft \
+    CalendarTop CalendarAlignToCenter CalendarTopmost; do
+    [ "$(grep -ac "^$key=" "$ini")" = 1 ] && keys=$((keys + 1))
+  done
+  if [ "$(grep -ac $'^\\[Appearance\\]\r$' "$ini")" != 1 ] || [ "$keys" != 9 ] ||
+    ! { [ "$left/$top" = "1500/1500" ] || [ "$left/$top" = "7500/4500" ]; }; then
+    bad=$((bad + 1))
+    echo "run $i: file not as expected (position $left/$top, $lines lines)"
+  fi
+done
+echo "simultaneous closes: $closes runs, $bad with a bad settings file"

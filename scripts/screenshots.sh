@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# Takes screenshots of the Main window under Xvfb, one per language/first-weekday pair and one
+# at twice the scale, into docs/screenshots/ (or the folder given second).
+set -euo pipefail
+exe=${1:-build/release/qlvcallt}
+out=${2:-docs/screenshots}
+mkdir -p "$out"
+work=$(mktemp -d)
+chmod 700 "$work"
+pids=()
+cleanup() {
+  for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
+  wait 2>/dev/null || true
+  rm -rf "$work"
+}
+trap cleanup EXIT
+
+Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp -noreset 3>"$work/display" >/dev/null 2>&1 &
+pids+=($!)
+for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
+export DISPLAY=":$(cat "$work/display")"
+export XDG_RUNTIME_DIR="$work"
+
+shoot() { # name language firstweekday locale scale
+  local name=$1 language=$2 first=$3 locale=$4 scale=$5
+  local config="$work/config-$name"
+  mkdir -p "$config/QLVCalendarLite"
+  printf '[Appearance]\r\nLanguage=%s\r\nFirstWeekDay=%s\r\nCalendarAlignToCenter=Yes\r\n' \
+    "$language" "$first" >"$config/QLVCalendarLite/qlvcal.ini"
+  XDG_CONFIG_HOME="$config" LANG="$locale" LC_ALL="$locale" QT_SCALE_FACTOR="$scale" "$exe" &
+  local app=$!
+  local window
+  window=$(xdotool search --sync --onlyvisible --pid "$app" | head -n1)
+  sleep 1.5
+  import -window "$window" "$out/$name.png"
+  kill "$app" 2>/dev/null || true
+  wait "$app" 2>/dev/null || true
+  echo "$out/$name.png"
+}
+
+shoot main-english-sunday English Sunday en_US.UTF-8 1
+shoot main-russian-monday Russian Monday ru_RU.UTF-8 1
+shoot main-english-sunday-2x English Sunday en_US.UTF-8 2
