@@ -11,8 +11,7 @@ struct LeadingNumberRow
 };
 
 class LeadingNumberTest : public ::testing::TestWithParam<LeadingNumberRow>
-{
-};
+{ };
 
 TEST_P(LeadingNumberTest, ReadsTheNumberTheTextBeginsWith)
 {
@@ -23,16 +22,16 @@ TEST_P(LeadingNumberTest, ReadsTheNumberTheTextBeginsWith)
 }
 
 INSTANTIATE_TEST_SUITE_P(
-        Values, LeadingNumberTest,
-        ::testing::Values(LeadingNumberRow { "7", 7 }, LeadingNumberRow { "-1", -1 },
-                          LeadingNumberRow { "letters", 0 }, LeadingNumberRow { "", 0 },
-                          LeadingNumberRow { "2.5", 2.5 }, LeadingNumberRow { " 1 2 3", 123 },
-                          LeadingNumberRow { "12abc", 12 }, LeadingNumberRow { "1e3", 1000 },
-                          LeadingNumberRow { "1D2", 100 }, LeadingNumberRow { "&H10", 16 },
-                          LeadingNumberRow { "&HFFFF", -1 }, LeadingNumberRow { "&O17", 15 },
-                          LeadingNumberRow { "+4", 4 }, LeadingNumberRow { ".5", 0.5 },
-                          LeadingNumberRow { "1.2.3", 1.2 }, LeadingNumberRow { "-", 0 },
-                          LeadingNumberRow { "\t9\n9", 99 }, LeadingNumberRow { "1e", 1 }));
+    Values, LeadingNumberTest,
+    ::testing::Values(LeadingNumberRow { "7", 7 }, LeadingNumberRow { "-1", -1 },
+                      LeadingNumberRow { "letters", 0 }, LeadingNumberRow { "", 0 },
+                      LeadingNumberRow { "2.5", 2.5 }, LeadingNumberRow { " 1 2 3", 123 },
+                      LeadingNumberRow { "12abc", 12 }, LeadingNumberRow { "1e3", 1000 },
+                      LeadingNumberRow { "1D2", 100 }, LeadingNumberRow { "&H10", 16 },
+                      LeadingNumberRow { "&HFFFF", -1 }, LeadingNumberRow { "&O17", 15 },
+                      LeadingNumberRow { "+4", 4 }, LeadingNumberRow { ".5", 0.5 },
+                      LeadingNumberRow { "1.2.3", 1.2 }, LeadingNumberRow { "-", 0 },
+                      LeadingNumberRow { "\t9\n9", 99 }, LeadingNumberRow { "1e", 1 }));
 
 TEST(LeadingNumberOverflow, NumbersBeyondADoubleOverflow)
 {
