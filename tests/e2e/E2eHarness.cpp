@@ -297,7 +297,8 @@ Environment E2eTest::baseEnvironment() const
 }
 
 ChildProcess &E2eTest::startProgram(const Environment &extra,
-                                    const std::vector<std::string> &wrapper)
+                                    const std::vector<std::string> &wrapper,
+                                    const std::vector<std::string> &args)
 {
     Environment env = baseEnvironment();
     for (const auto &[name, value] : extra) {
@@ -308,6 +309,7 @@ ChildProcess &E2eTest::startProgram(const Environment &extra,
     }
     std::vector<std::string> argv = wrapper;
     argv.push_back(m_program);
+    argv.insert(argv.end(), args.begin(), args.end());
     auto child = ChildProcess::start(argv, env, -1, true);
     if (!child)
         throw std::runtime_error("cannot start " + m_program);

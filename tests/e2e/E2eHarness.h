@@ -88,7 +88,8 @@ protected:
     // executable can interfere) with the base environment plus `extra`; an empty value removes
     // a variable. `wrapper` (e.g. strace and its options) runs the program when given.
     ChildProcess &startProgram(const Environment &extra = {},
-                               const std::vector<std::string> &wrapper = {});
+                               const std::vector<std::string> &wrapper = {},
+                               const std::vector<std::string> &args = {});
     // The visible window of `pid` or of one of its descendants, or "" after `timeout`.
     std::string waitForWindow(pid_t pid, std::chrono::milliseconds timeout = 15s);
     // Runs xdotool on this test's display; true when it succeeded.
