@@ -254,7 +254,8 @@ bool SettingsFile::readFrom(QIODevice &device)
     QByteArrayView line;
     bool ok = true;
     quint64 lines = 0;
-    while (reader.readLine(line)) {
+    // Empty lines change nothing and are passed over in bulk.
+    while (reader.readNonEmptyLine(line)) {
         // The deadline is looked at after every line, as far as anyone can tell: only a line
         // with "=" can change the record, so the clock is read before each of those. A file of
         // millions of other lines reads the clock every 64th line, which keeps the cut within

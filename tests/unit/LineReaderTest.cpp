@@ -86,3 +86,16 @@ TEST(LineReaderPieces, ALongLineComesInPiecesThatAddUp)
     EXPECT_EQ(piece, QByteArrayView("end"));
     EXPECT_TRUE(endsLine);
 }
+
+TEST(LineReaderNonEmpty, SkipsRunsOfLineEndsAcrossChunks)
+{
+    QByteArray content = "\r\n\n\ra\r\n\r\n\n\rb" + QByteArray(Chunk - 12, '\n') + "\r\nc\r";
+    QBuffer buffer(&content);
+    buffer.open(QIODevice::ReadOnly);
+    LineReader reader(buffer);
+    QList<QByteArray> lines;
+    QByteArrayView line;
+    while (reader.readNonEmptyLine(line))
+        lines.append(line.toByteArray());
+    EXPECT_EQ(lines, QList<QByteArray>({ "a", "b", "c" }));
+}
