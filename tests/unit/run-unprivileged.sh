@@ -12,6 +12,8 @@ trap 'rm -rf "$work"' EXIT
 cp "$program" "$work/"
 chmod 755 "$work" "$work/$(basename "$program")"
 cd "$work"
+# Sanitizer settings (suppressions, leak checking) carry over; nothing else does.
 env -i PATH=/usr/bin:/bin HOME="$work" TMPDIR=/tmp \
+  ASAN_OPTIONS="${ASAN_OPTIONS:-}" LSAN_OPTIONS="${LSAN_OPTIONS:-}" UBSAN_OPTIONS="${UBSAN_OPTIONS:-}" \
   setpriv --reuid=nobody --regid=nogroup --clear-groups \
   "$work/$(basename "$program")" "$@"
