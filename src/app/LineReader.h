@@ -14,8 +14,8 @@ class QIODevice;
 class LineReader
 {
 public:
-    static constexpr qsizetype ChunkSize = 32 * 1024;
-    static constexpr qsizetype PieceSize = 32 * 1024;
+    static constexpr qsizetype ChunkSize = qsizetype { 32 } * 1024;
+    static constexpr qsizetype PieceSize = qsizetype { 32 } * 1024;
 
     explicit LineReader(QIODevice &device);
 

@@ -111,7 +111,7 @@ QString SettingValue(const QString &line)
 {
     const qsizetype equals = line.indexOf(QLatin1Char('='));
     if (equals < 0)
-        return QString();
+        return {};
     return trimBlanks(line.mid(equals + 1));
 }
 
@@ -195,7 +195,7 @@ bool SettingsFile::applyLine(const QByteArray &line)
     if (!line.contains('='))
         return true;
     const std::string lower = asciiLower(line);
-    const auto found = std::find_if(KeyOrder.begin(), KeyOrder.end(), [&](const KeyName &k) {
+    const auto *const found = std::find_if(KeyOrder.begin(), KeyOrder.end(), [&](const KeyName &k) {
         return lower.find(k.lower) != std::string::npos;
     });
     if (found == KeyOrder.end())

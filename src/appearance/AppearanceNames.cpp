@@ -7,8 +7,9 @@ namespace AppearanceNames {
 const QStringList &colorSchemeChoices()
 {
     static const QStringList names = {
-        QStringLiteral("Blue"),   QStringLiteral("Black"), QStringLiteral("White"),
-        QStringLiteral("Yellow"), QStringLiteral("Green"), QStringLiteral("Pink"),
+        QStringLiteral("Blue"),      QStringLiteral("Black"),
+        QStringLiteral("White"),     QStringLiteral("Yellow"),
+        QStringLiteral("Green"),     QStringLiteral("Pink"),
         QStringLiteral("GrayScale"), Random,
     };
     return names;
@@ -23,9 +24,9 @@ const QStringList &concreteColorSchemes()
 const QStringList &pictureChoices()
 {
     static const QStringList names = {
-        QStringLiteral("None"),      QStringLiteral("Random"),     QStringLiteral("Fancy"),
-        QStringLiteral("Marble"),    QStringLiteral("Sky"),        QStringLiteral("Waves"),
-        QStringLiteral("Stars"),     QStringLiteral("Landscape"),  QStringLiteral("Dandelions"),
+        QStringLiteral("None"),      QStringLiteral("Random"),    QStringLiteral("Fancy"),
+        QStringLiteral("Marble"),    QStringLiteral("Sky"),       QStringLiteral("Waves"),
+        QStringLiteral("Stars"),     QStringLiteral("Landscape"), QStringLiteral("Dandelions"),
         QStringLiteral("Camomiles"),
     };
     return names;
@@ -40,7 +41,7 @@ const QStringList &concretePictures()
 QString pickUniformly(const QStringList &names, QRandomGenerator &random)
 {
     if (names.isEmpty())
-        return QString();
+        return {};
     // bounded() draws without modulo bias.
     return names.at(static_cast<qsizetype>(random.bounded(static_cast<quint32>(names.size()))));
 }

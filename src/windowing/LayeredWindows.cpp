@@ -3,9 +3,8 @@
 #include <QGuiApplication>
 #include <QWidget>
 
-#include <xcb/xcb.h>
-
 #include <algorithm>
+#include <xcb/xcb.h>
 
 namespace {
 
@@ -22,13 +21,13 @@ bool compositorOwnsSelection()
         screen = display.mid(dot + 1).toInt();
     const QByteArray name = "_NET_WM_CM_S" + QByteArray::number(screen);
     xcb_intern_atom_reply_t *atom = xcb_intern_atom_reply(
-            connection,
-            xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name.constData()),
-            nullptr);
+        connection,
+        xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name.constData()),
+        nullptr);
     if (!atom)
         return false;
     xcb_get_selection_owner_reply_t *owner = xcb_get_selection_owner_reply(
-            connection, xcb_get_selection_owner(connection, atom->atom), nullptr);
+        connection, xcb_get_selection_owner(connection, atom->atom), nullptr);
     const bool owned = owner && owner->owner != XCB_NONE;
     free(owner);
     free(atom);
