@@ -14,6 +14,7 @@ class Clock;
 class FileOps;
 class CalendarMonthExtForm;
 class QWidget;
+class TerminationSignals;
 
 // What start-up takes from the outside world; tests replace any of it.
 struct ProgramOptions
@@ -26,6 +27,8 @@ struct ProgramOptions
     int screenWidthTwips = 0;
     int screenHeightTwips = 0;
     FileOps *fileOps = nullptr; // the system calls when null
+    // SIGTERM, SIGINT and SIGHUP close the Main window (and so save) instead of killing.
+    bool closeOnTerminationSignals = false;
 };
 
 // The process-wide state: the settings, the folders, the loaded windows, and the start-up and
@@ -82,6 +85,7 @@ private:
     QSet<QString> m_loadedForms;
     QPointer<QWidget> m_mainForm; // the CalendarMonthExtForm
     bool m_waiting = false;
+    std::unique_ptr<TerminationSignals> m_terminationSignals;
     bool m_shutDown = false;
     int m_settingsReads = 0;
 };

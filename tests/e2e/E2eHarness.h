@@ -98,6 +98,8 @@ protected:
     // "alt+q").
     bool sendKeys(const std::string &window, const std::string &keys);
     bool moveWindow(const std::string &window, int x, int y);
+    // Asks the window to close as a window manager does (WM_PROTOCOLS / WM_DELETE_WINDOW).
+    bool closeLikeAWindowManager(const std::string &window);
     // The window's top-left corner on the screen.
     std::optional<std::pair<int, int>> windowPosition(const std::string &window);
 

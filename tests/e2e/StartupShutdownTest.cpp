@@ -1,5 +1,6 @@
 #include "E2eHarness.h"
 
+#include <csignal>
 #include <filesystem>
 
 using namespace e2e;
@@ -62,7 +63,8 @@ const std::string HandMade = "Language=Russian\r\n"
 struct QuitRow
 {
     const char *name;
-    const char *keys;
+    const char *keys; // xdotool keys, or nullptr for the other ways to close below
+    bool signal = false; // SIGTERM, as at the end of a session; else the window manager's close
 };
 
 class QuitKeys : public E2eTest, public ::testing::WithParamInterface<QuitRow>
@@ -80,7 +82,12 @@ TEST_P(QuitKeys, CloseTheProgramAndRewriteTheWholeFile)
     ASSERT_FALSE(window.empty());
     EXPECT_EQ(windowPosition(window), std::make_pair(100, 100));
     ASSERT_TRUE(moveWindow(window, 150, 90));
-    ASSERT_TRUE(sendKeys(window, GetParam().keys));
+    if (GetParam().keys)
+        ASSERT_TRUE(sendKeys(window, GetParam().keys));
+    else if (GetParam().signal)
+        ASSERT_EQ(::kill(program.pid(), SIGTERM), 0);
+    else
+        ASSERT_TRUE(closeLikeAWindowManager(window));
     EXPECT_EQ(program.waitForExit(10s), 0) << "the program did not end by itself";
 
     const auto text = readSettings();
@@ -99,8 +106,9 @@ TEST_P(QuitKeys, CloseTheProgramAndRewriteTheWholeFile)
 
 INSTANTIATE_TEST_SUITE_P(Keys, QuitKeys,
                          ::testing::Values(QuitRow { "Escape", "Escape" },
-                                           QuitRow { "AltQ", "alt+q" },
-                                           QuitRow { "AltX", "alt+x" }),
+                                           QuitRow { "AltQ", "alt+q" }, QuitRow { "AltX", "alt+x" },
+                                           QuitRow { "WindowManagerClose", nullptr },
+                                           QuitRow { "Sigterm", nullptr, true }),
                          RowName());
 
 TEST_F(E2eTest, AFileEditedWhileRunningKeepsTheEditsButThePosition)
