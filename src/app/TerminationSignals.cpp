@@ -12,7 +12,7 @@ namespace {
 int signalPipe[2] = { -1, -1 };
 constexpr int HandledSignals[] = { SIGTERM, SIGINT, SIGHUP };
 
-void onSignal(int)
+void onSignal(int /*signal*/)
 {
     const int saved = errno;
     const char byte = 1;
