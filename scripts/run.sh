@@ -17,9 +17,13 @@ chmod 700 "$runtime"
 Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$runtime/display" >/dev/null 2>&1 &
 xvfb=$!
 cleanup() {
-  [ -n "${app:-}" ] && kill "$app" 2>/dev/null || true
+  # The calendar first (it saves on SIGTERM and needs its display for that), then the server.
+  if [ -n "${app:-}" ]; then
+    kill "$app" 2>/dev/null || true
+    wait "$app" 2>/dev/null || true
+  fi
   kill "$xvfb" 2>/dev/null || true
-  wait 2>/dev/null || true
+  wait "$xvfb" 2>/dev/null || true
   rm -rf "$runtime"
 }
 trap cleanup EXIT

@@ -13,7 +13,9 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationName(QStringLiteral("qlvcallt"));
     QCoreApplication::setApplicationVersion(QStringLiteral("1.0.1"));
 
-    Program program;
+    ProgramOptions options;
+    options.closeOnTerminationSignals = true;
+    Program program(options);
     program.Main();
     return QApplication::exec();
 }

@@ -86,7 +86,7 @@ QString FolderOfPath(const QString &path)
 {
     const qsizetype slash = path.lastIndexOf(QLatin1Char('/'));
     if (slash < 0)
-        return QString();
+        return {};
     if (slash == 0)
         return QStringLiteral("/");
     return path.left(slash);

@@ -53,9 +53,7 @@ bool LineReader::readPiece(QByteArrayView &piece, bool &endsLine)
         const char *begin = m_buffer.constData() + m_pos;
         const qsizetype room = PieceSize - m_joined.size();
         const qsizetype available = std::min(m_len - m_pos, room);
-        qsizetype end = 0;
-        while (end < available && begin[end] != '\r' && begin[end] != '\n')
-            ++end;
+        const qsizetype end = findLineEnd(begin, begin + available) - begin;
         m_pos += end;
         const bool found = end < available;
         // The common case, a whole line inside the chunk, is handed out without a copy.
@@ -97,9 +95,7 @@ void LineReader::skipRestOfLine()
         }
         const char *begin = m_buffer.constData() + m_pos;
         const qsizetype available = m_len - m_pos;
-        qsizetype end = 0;
-        while (end < available && begin[end] != '\r' && begin[end] != '\n')
-            ++end;
+        const qsizetype end = findLineEnd(begin, begin + available) - begin;
         m_pos += end;
         if (end < available) {
             const char terminator = begin[end];
@@ -118,7 +114,7 @@ void LineReader::skipRestOfLine()
     }
 }
 
-bool LineReader::readLine(QByteArrayView &line)
+bool LineReader::readLineSlow(QByteArrayView &line)
 {
     bool endsLine = false;
     if (!readPiece(line, endsLine))

@@ -3,6 +3,7 @@
 #include "Clock.h"
 #include "FileUtils.h"
 #include "SettingsFolder.h"
+#include "TerminationSignals.h"
 #include "calendar/CalendarMonthExtForm.h"
 #include "windowing/LayeredWindows.h"
 #include "windowing/WindowBehaviour.h"
@@ -112,6 +113,15 @@ void Program::Main()
     m_mainForm = form;
     form->setWindowTitle(title);
     form->showAtStart();
+
+    if (m_options.closeOnTerminationSignals) {
+        m_terminationSignals = std::make_unique<TerminationSignals>([this] {
+            if (QWidget *main = m_mainForm.data())
+                main->close();
+            else
+                QCoreApplication::quit();
+        });
+    }
 }
 
 CalendarMonthExtForm *Program::mainForm() const

@@ -14,6 +14,7 @@ class Clock;
 class FileOps;
 class CalendarMonthExtForm;
 class QWidget;
+class TerminationSignals;
 class WindowBehaviour;
 
 // What start-up takes from the outside world; tests replace any of it.
@@ -27,6 +28,8 @@ struct ProgramOptions
     int screenWidthTwips = 0;
     int screenHeightTwips = 0;
     FileOps *fileOps = nullptr; // the system calls when null
+    // SIGTERM, SIGINT and SIGHUP close the Main window (and so save) instead of killing.
+    bool closeOnTerminationSignals = false;
 };
 
 // The process-wide state: the settings, the folders, the loaded windows, and the start-up and
@@ -95,6 +98,7 @@ private:
     std::unique_ptr<WindowBehaviour> m_windowBehaviour;
     bool m_waiting = false;
     int m_showingWindow = 0;
+    std::unique_ptr<TerminationSignals> m_terminationSignals;
     bool m_shutDown = false;
     int m_settingsReads = 0;
 };

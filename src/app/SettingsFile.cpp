@@ -111,7 +111,7 @@ QString SettingValue(const QString &line)
 {
     const qsizetype equals = line.indexOf(QLatin1Char('='));
     if (equals < 0)
-        return QString();
+        return {};
     return trimBlanks(line.mid(equals + 1));
 }
 
@@ -195,7 +195,7 @@ bool SettingsFile::applyLine(const QByteArray &line)
     if (!line.contains('='))
         return true;
     const std::string lower = asciiLower(line);
-    const auto found = std::find_if(KeyOrder.begin(), KeyOrder.end(), [&](const KeyName &k) {
+    const auto *const found = std::find_if(KeyOrder.begin(), KeyOrder.end(), [&](const KeyName &k) {
         return lower.find(k.lower) != std::string::npos;
     });
     if (found == KeyOrder.end())
@@ -254,7 +254,8 @@ bool SettingsFile::readFrom(QIODevice &device)
     QByteArrayView line;
     bool ok = true;
     quint64 lines = 0;
-    while (reader.readLine(line)) {
+    // Empty lines change nothing and are passed over in bulk.
+    while (reader.readNonEmptyLine(line)) {
         // The deadline is looked at after every line, as far as anyone can tell: only a line
         // with "=" can change the record, so the clock is read before each of those. A file of
         // millions of other lines reads the clock every 64th line, which keeps the cut within

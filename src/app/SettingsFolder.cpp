@@ -46,13 +46,13 @@ QString configHome(const FolderEnvironment &env)
     if (home.isEmpty() || !QDir::isAbsolutePath(home))
         home = env.fallbackHome;
     if (home.isEmpty() || !QDir::isAbsolutePath(home))
-        return QString();
+        return {};
     return QDir::cleanPath(home + QStringLiteral("/.config"));
 }
 
 QString GetSettingsFolder(const FolderEnvironment &env, bool *waiting)
 {
-    const QString programFolder = env.programFolder;
+    QString programFolder = env.programFolder;
     if (FileExists(programFolder + QStringLiteral("qlvcal.ini")))
         return programFolder;
 
@@ -64,7 +64,7 @@ QString GetSettingsFolder(const FolderEnvironment &env, bool *waiting)
     if (!FolderExists(base) && !createPrivatePath(base, waiting))
         return programFolder;
 
-    const QString folder = base + QStringLiteral("/QLVCalendarLite/");
+    QString folder = base + QStringLiteral("/QLVCalendarLite/");
     if (!FolderExists(folder))
         CreateFolder(folder, false, true, waiting);
     if (!FolderExists(folder))

@@ -41,7 +41,7 @@ const QStringList &concretePictures()
 QString pickUniformly(const QStringList &names, QRandomGenerator &random)
 {
     if (names.isEmpty())
-        return QString();
+        return {};
     // bounded() draws without modulo bias.
     return names.at(static_cast<qsizetype>(random.bounded(static_cast<quint32>(names.size()))));
 }

@@ -13,6 +13,7 @@
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
+#include <xcb/xcb.h>
 
 #ifndef QLV_PROGRAM_PATH
 #error "QLV_PROGRAM_PATH must name the qlvcallt executable"
@@ -297,7 +298,8 @@ Environment E2eTest::baseEnvironment() const
 }
 
 ChildProcess &E2eTest::startProgram(const Environment &extra,
-                                    const std::vector<std::string> &wrapper)
+                                    const std::vector<std::string> &wrapper,
+                                    const std::vector<std::string> &args)
 {
     Environment env = baseEnvironment();
     for (const auto &[name, value] : extra) {
@@ -308,6 +310,7 @@ ChildProcess &E2eTest::startProgram(const Environment &extra,
     }
     std::vector<std::string> argv = wrapper;
     argv.push_back(m_program);
+    argv.insert(argv.end(), args.begin(), args.end());
     auto child = ChildProcess::start(argv, env, -1, true);
     if (!child)
         throw std::runtime_error("cannot start " + m_program);
@@ -355,6 +358,39 @@ bool E2eTest::sendKeys(const std::string &window, const std::string &keys)
 bool E2eTest::moveWindow(const std::string &window, int x, int y)
 {
     return xdotool({ "windowmove", "--sync", window, std::to_string(x), std::to_string(y) });
+}
+
+bool E2eTest::closeLikeAWindowManager(const std::string &window)
+{
+    xcb_connection_t *connection = xcb_connect(m_x.display().c_str(), nullptr);
+    if (xcb_connection_has_error(connection)) {
+        xcb_disconnect(connection);
+        return false;
+    }
+    auto atom = [connection](const std::string &name) {
+        xcb_intern_atom_reply_t *reply = xcb_intern_atom_reply(
+            connection,
+            xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name.c_str()),
+            nullptr);
+        const xcb_atom_t value = reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
+        std::free(reply);
+        return value;
+    };
+    xcb_client_message_event_t event {};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = static_cast<xcb_window_t>(std::stoul(window));
+    event.type = atom("WM_PROTOCOLS");
+    event.data.data32[0] = atom("WM_DELETE_WINDOW");
+    event.data.data32[1] = XCB_CURRENT_TIME;
+    xcb_send_event(connection, 0, event.window, XCB_EVENT_MASK_NO_EVENT,
+                   reinterpret_cast<const char *>(&event));
+    // A round trip: once it returns, the server has handled the event. Hanging up straight
+    // after a flush let the server drop it now and then.
+    free(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+    const bool ok = xcb_connection_has_error(connection) == 0 && event.type != XCB_ATOM_NONE;
+    xcb_disconnect(connection);
+    return ok;
 }
 
 std::optional<std::pair<int, int>> E2eTest::windowPosition(const std::string &window)

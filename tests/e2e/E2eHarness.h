@@ -88,7 +88,8 @@ protected:
     // executable can interfere) with the base environment plus `extra`; an empty value removes
     // a variable. `wrapper` (e.g. strace and its options) runs the program when given.
     ChildProcess &startProgram(const Environment &extra = {},
-                               const std::vector<std::string> &wrapper = {});
+                               const std::vector<std::string> &wrapper = {},
+                               const std::vector<std::string> &args = {});
     // The visible window of `pid` or of one of its descendants, or "" after `timeout`.
     std::string waitForWindow(pid_t pid, std::chrono::milliseconds timeout = 15s);
     // Runs xdotool on this test's display; true when it succeeded.
@@ -97,6 +98,8 @@ protected:
     // "alt+q").
     bool sendKeys(const std::string &window, const std::string &keys);
     bool moveWindow(const std::string &window, int x, int y);
+    // Asks the window to close as a window manager does (WM_PROTOCOLS / WM_DELETE_WINDOW).
+    bool closeLikeAWindowManager(const std::string &window);
     // The window's top-left corner on the screen.
     std::optional<std::pair<int, int>> windowPosition(const std::string &window);
 

@@ -1,0 +1,64 @@
+#!/usr/bin/env bash
+# Time from exec to the first window mapped, and resident memory one second later, for
+# qlvcallt and two reference calendars (gsimplecal, yad --calendar), interleaved round by round
+# under one private Xvfb. One warm-up round is not recorded. Prints the medians and the ratios.
+# Usage: bench/startup.sh [build dir] [rounds]
+set -euo pipefail
+build=${1:-build/release}
+rounds=${2:-15}
+exe=$(realpath "$build/qlvcallt")
+wait_map=$(realpath "$build/bench/qlv_map_wait")
+
+work=$(mktemp -d)
+chmod 700 "$work"
+mkdir -p "$work/home" "$work/config" "$work/runtime"
+chmod 700 "$work/runtime"
+Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
+xvfb=$!
+cleanup() {
+  kill "$xvfb" 2>/dev/null || true
+  wait "$xvfb" 2>/dev/null || true
+  rm -rf "$work"
+}
+trap cleanup EXIT
+for _ in $(seq 100); do [ -s "$work/display" ] && break; sleep 0.1; done
+display=":$(cat "$work/display")"
+
+# Every program sees the same small, private environment.
+run() {
+  env -i PATH=/usr/bin:/bin HOME="$work/home" DISPLAY="$display" LANG=en_US.UTF-8 \
+    XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work/runtime" \
+    NO_AT_BRIDGE=1 "$wait_map" "$@"
+}
+
+names=(qlvcallt gsimplecal yad)
+declare -A cmd=(
+  [qlvcallt]="$exe"
+  [gsimplecal]="gsimplecal"
+  [yad]="yad --calendar"
+)
+for name in "${names[@]}"; do : >"$work/$name.txt"; done
+
+for round in $(seq 0 "$rounds"); do
+  for name in "${names[@]}"; do
+    # shellcheck disable=SC2086
+    result=$(run ${cmd[$name]})
+    [ "$round" -eq 0 ] && continue # warm-up
+    echo "$result" >>"$work/$name.txt"
+  done
+done
+
+median() { sort -n | awk '{v[NR]=$1} END {if (NR % 2) print v[(NR+1)/2]; else print (v[NR/2]+v[NR/2+1])/2}'; }
+declare -A ms rss
+for name in "${names[@]}"; do
+  ms[$name]=$(cut -d' ' -f1 "$work/$name.txt" | median)
+  rss[$name]=$(cut -d' ' -f2 "$work/$name.txt" | median)
+done
+
+echo "start-up to a mapped window, median of $rounds rounds (after one warm-up round)"
+printf '%-12s %10s %12s\n' program "time ms" "RSS KiB"
+for name in "${names[@]}"; do
+  printf '%-12s %10s %12s\n' "$name" "${ms[$name]}" "${rss[$name]}"
+done
+awk -v a="${ms[qlvcallt]}" -v b="${ms[gsimplecal]}" -v c="${rss[qlvcallt]}" -v d="${rss[gsimplecal]}" \
+  'BEGIN { printf "qlvcallt / gsimplecal: time %.2fx (target <= 1.00x), memory %.2fx (target <= 1.15x)\n", a/b, c/d }'
