@@ -397,6 +397,9 @@ TEST_F(MainFormTest, ARebuildRetitlesTheTaskbarEntryOnlyWhenItExists)
     open(at(2026, 3, 12));
     program->settings().AppTitleEnglish = QStringLiteral("Calendar");
     program->settings().AppTitleRussian = QStringLiteral("Календарь");
+    // The taskbar presence comes with the window; take its flag away to see the rebuild leave
+    // the title alone without it.
+    program->setFormLoaded(QStringLiteral("TabAppForm"), false);
     form->setWindowTitle(QStringLiteral("before"));
     form->UpdateCalendarDate();
     EXPECT_EQ(form->windowTitle(), QStringLiteral("before"));

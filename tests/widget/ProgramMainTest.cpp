@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QPointer>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
@@ -72,8 +73,12 @@ protected:
 
     void TearDown() override
     {
-        const QWidgetList windows = QApplication::topLevelWidgets();
-        qDeleteAll(windows);
+        // A window deletes its own shadow, so hold every window by a guarded pointer.
+        QList<QPointer<QWidget>> windows;
+        for (QWidget *window : QApplication::topLevelWidgets())
+            windows.append(window);
+        for (const QPointer<QWidget> &window : windows)
+            delete window.data();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         program.reset();
     }
