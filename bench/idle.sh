@@ -5,21 +5,10 @@
 set -euo pipefail
 exe=${1:-build/release/qlvcallt}
 seconds=${SECONDS_TO_MEASURE:-60}
-work=$(mktemp -d)
-chmod 700 "$work"
-pids=()
-cleanup() {
-  for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
-  wait 2>/dev/null || true
-  rm -rf "$work"
-}
-trap cleanup EXIT
-
-Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp -noreset 3>"$work/display" >/dev/null 2>&1 &
-pids+=($!)
-for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
-export DISPLAY=":$(cat "$work/display")"
-export XDG_RUNTIME_DIR="$work"
+# shellcheck source=SCRIPTDIR/../scripts/xvfb.sh
+source "$(dirname "$(realpath "${BASH_SOURCE[0]}")")/../scripts/xvfb.sh"
+xvfb_start 1280x800x24
+work=$XVFB_WORK
 export XDG_CONFIG_HOME="$work/config"
 mkdir -p "$XDG_CONFIG_HOME/QLVCalendarLite"
 printf '[Appearance]\r\nLanguage=English\r\nFirstWeekDay=Sunday\r\n' \
@@ -42,7 +31,7 @@ start_app() { # name command...
   t0=$(now_ms)
   "$@" >/dev/null 2>&1 &
   local pid=$!
-  pids+=("$pid")
+  xvfb_track "$pid"
   # xdotool's own --sync polls only twice a second; poll more finely here.
   until xdotool search --onlyvisible --pid "$pid" >/dev/null 2>&1; do sleep 0.01; done
   echo "$pid $(($(now_ms) - t0))" >"$work/$name"

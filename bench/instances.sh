@@ -7,28 +7,10 @@ set -euo pipefail
 exe=$(realpath "${1:-build/release/qlvcallt}")
 runs=${RUNS:-10}
 closes=${CLOSES:-50}
-work=$(mktemp -d)
-chmod 700 "$work"
-pids=()
-cleanup() {
-  for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
-  wait 2>/dev/null || true
-  rm -rf "$work"
-}
-trap cleanup EXIT
-
-# A display number well away from :0, which other tools on a shared machine tend to use.
-for _ in $(seq 20); do
-  n=$((300 + RANDOM % 600))
-  [ -e "/tmp/.X$n-lock" ] && continue
-  Xvfb ":$n" -screen 0 1280x800x24 -nolisten tcp -noreset >/dev/null 2>&1 &
-  xvfb=$!
-  sleep 0.5
-  kill -0 "$xvfb" 2>/dev/null && break
-done
-pids+=("$xvfb")
-export DISPLAY=":$n"
-export XDG_RUNTIME_DIR="$work"
+# shellcheck source=SCRIPTDIR/../scripts/xvfb.sh
+source "$(dirname "$(realpath "${BASH_SOURCE[0]}")")/../scripts/xvfb.sh"
+xvfb_start 1280x800x24
+work=$XVFB_WORK
 export XDG_CONFIG_HOME="$work/config"
 export LC_ALL=en_US.UTF-8
 ini="$XDG_CONFIG_HOME/QLVCalendarLite/qlvcal.ini"
@@ -44,7 +26,7 @@ wait_gone() { for _ in $(seq 400); do kill -0 "$1" 2>/dev/null || return 0; slee
 printf '[Appearance]\r\nLanguage=English\r\nFirstWeekDay=Sunday\r\n' >"$ini"
 "$exe" &
 first=$!
-pids+=("$first")
+xvfb_track "$first"
 wait_count 1
 win=$(xdotool search --onlyvisible --pid "$first" | head -n1)
 sleep 0.5
@@ -72,7 +54,7 @@ for i in $(seq "$closes"); do
   a=$!
   "$exe" &
   b=$!
-  pids+=("$a" "$b")
+  xvfb_track "$a" "$b"
   for _ in $(seq 400); do
     wa=$(xdotool search --onlyvisible --pid "$a" 2>/dev/null | head -n1 || true)
     wb=$(xdotool search --onlyvisible --pid "$b" 2>/dev/null | head -n1 || true)

@@ -9,20 +9,13 @@ rounds=${2:-15}
 exe=$(realpath "$build/qlvcallt")
 wait_map=$(realpath "$build/bench/qlv_map_wait")
 
-work=$(mktemp -d)
-chmod 700 "$work"
+# shellcheck source=SCRIPTDIR/../scripts/xvfb.sh
+source "$(dirname "$(realpath "${BASH_SOURCE[0]}")")/../scripts/xvfb.sh"
+xvfb_start 1280x800x24
+work=$XVFB_WORK
 mkdir -p "$work/home" "$work/config" "$work/runtime"
 chmod 700 "$work/runtime"
-Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
-xvfb=$!
-cleanup() {
-  kill "$xvfb" 2>/dev/null || true
-  wait "$xvfb" 2>/dev/null || true
-  rm -rf "$work"
-}
-trap cleanup EXIT
-for _ in $(seq 100); do [ -s "$work/display" ] && break; sleep 0.1; done
-display=":$(cat "$work/display")"
+display=$DISPLAY
 
 # Every program sees the same small, private environment.
 run() {

@@ -5,21 +5,10 @@ set -euo pipefail
 exe=${1:-build/release/qlvcallt}
 out=${2:-docs/screenshots}
 mkdir -p "$out"
-work=$(mktemp -d)
-chmod 700 "$work"
-pids=()
-cleanup() {
-  for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
-  wait 2>/dev/null || true
-  rm -rf "$work"
-}
-trap cleanup EXIT
-
-Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp -noreset 3>"$work/display" >/dev/null 2>&1 &
-pids+=($!)
-for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
-export DISPLAY=":$(cat "$work/display")"
-export XDG_RUNTIME_DIR="$work"
+# shellcheck source=SCRIPTDIR/xvfb.sh
+source "$(dirname "$(realpath "${BASH_SOURCE[0]}")")/xvfb.sh"
+xvfb_start 1280x800x24
+work=$XVFB_WORK
 
 shoot() { # name language firstweekday locale scale
   local name=$1 language=$2 first=$3 locale=$4 scale=$5
@@ -29,6 +18,7 @@ shoot() { # name language firstweekday locale scale
     "$language" "$first" >"$config/QLVCalendarLite/qlvcal.ini"
   XDG_CONFIG_HOME="$config" LANG="$locale" LC_ALL="$locale" QT_SCALE_FACTOR="$scale" "$exe" &
   local app=$!
+  xvfb_track "$app"
   local window
   window=$(xdotool search --sync --onlyvisible --pid "$app" | head -n1)
   sleep 1.5
