@@ -3,6 +3,8 @@
 # qlvcallt and two reference calendars (gsimplecal, yad --calendar), interleaved round by round
 # under one private Xvfb. One warm-up round is not recorded. Prints the medians and the ratios.
 # Usage: bench/startup.sh [build dir] [rounds]
+# QLV_BENCH_COMPOSITOR=1 runs a compositing manager (xcompmgr) first, so that the calendar comes
+# up with its shadow, as on a compositing desktop. Its shadow maps just before the window does.
 set -euo pipefail
 build=${1:-build/release}
 rounds=${2:-15}
@@ -16,6 +18,13 @@ work=$XVFB_WORK
 mkdir -p "$work/home" "$work/config" "$work/runtime"
 chmod 700 "$work/runtime"
 display=$DISPLAY
+if [ "${QLV_BENCH_COMPOSITOR:-0}" = 1 ]; then
+  xcompmgr -n >/dev/null 2>&1 &
+  xvfb_track $!
+  # The compositor owns _NET_WM_CM_S0 once it runs; give it a moment to take it.
+  sleep 0.5
+  echo "with a compositing manager (xcompmgr -n)"
+fi
 
 # Every program sees the same small, private environment.
 run() {

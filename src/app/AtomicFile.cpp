@@ -7,7 +7,9 @@
 #include <QFileInfo>
 
 #include <cerrno>
+#include <chrono>
 #include <sys/stat.h>
+#include <thread>
 
 namespace AtomicFile {
 
@@ -52,10 +54,21 @@ bool Writer::open()
     if (::stat(m_finalPath.constData(), &st) == 0 && S_ISREG(st.st_mode))
         m_mode = (st.st_mode & 07777) | S_IWUSR;
 
-    // A stale temporary file, or a symlink planted at its name, goes first; the exclusive
-    // create then refuses whatever reappears there.
-    m_ops.unlink(m_tempPath);
+    // Another running copy may be saving this very moment: its temporary file lives for a few
+    // milliseconds, and removing it would let that copy rename our half-written file into place.
+    // So a temporary file that is there is given a second to go. What is still there after it
+    // is stale (a crash) or planted, and goes; the exclusive create then refuses whatever
+    // reappears there.
     m_fd = m_ops.createExclusive(m_tempPath, m_mode);
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+    while (m_fd < 0 && errno == EEXIST && std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        m_fd = m_ops.createExclusive(m_tempPath, m_mode);
+    }
+    if (m_fd < 0 && errno == EEXIST) {
+        m_ops.unlink(m_tempPath);
+        m_fd = m_ops.createExclusive(m_tempPath, m_mode);
+    }
     m_created = m_fd >= 0;
     m_failed = !m_created;
     return m_created;

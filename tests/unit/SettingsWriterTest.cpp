@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <sys/stat.h>
+#include <thread>
 
 using namespace testsupport;
 
@@ -207,8 +208,8 @@ INSTANTIATE_TEST_SUITE_P(Saves, SaveTargets, ::testing::Values(WholeFile, KeysOn
 
 namespace {
 
-// Puts a symlink back at the temporary name right after the writer removed it, as an attacker
-// racing the save would: the exclusive create must refuse it.
+// Puts a symlink back at the temporary name right after the writer removed the stale one it
+// found there, as an attacker racing the save would: the exclusive create must refuse it.
 class RacingFileOps : public FileOps
 {
 public:
@@ -236,10 +237,37 @@ TEST(AtomicWriter, RefusesASymlinkPlantedAfterTheCleanUp)
     const QString target = dir.filePath(QStringLiteral("qlvcal.ini"));
     ASSERT_TRUE(writeBytes(victim, "precious"));
     ASSERT_TRUE(writeBytes(target, "old"));
+    ASSERT_TRUE(QFile::link(victim, dir.filePath(QStringLiteral("settings.tmp"))));
     RacingFileOps ops(QFile::encodeName(victim));
     EXPECT_FALSE(AtomicFile::write(target, QStringLiteral("settings.tmp"), "new", ops));
     EXPECT_EQ(readBytes(victim), QByteArray("precious"));
     EXPECT_EQ(readBytes(target), QByteArray("old"));
+}
+
+// Two running copies saving at the same moment: the second must wait for the first one's
+// temporary file instead of removing it, or the first would rename the second's half-written
+// file into place and the second's own save would find nothing to rename.
+TEST(AtomicWriter, TwoCopiesSavingAtOnceBothSucceedInTurn)
+{
+    QTemporaryDir dir;
+    const QString target = dir.filePath(QStringLiteral("qlvcal.ini"));
+    ASSERT_TRUE(writeBytes(target, "old"));
+    AtomicFile::Writer first(target, QStringLiteral("settings.tmp"), FileOps::system());
+    ASSERT_TRUE(first.open());
+    ASSERT_TRUE(first.write("first copy"));
+
+    bool secondSaved = false;
+    std::thread second([&] {
+        secondSaved = AtomicFile::write(target, QStringLiteral("settings.tmp"), "second copy",
+                                        FileOps::system());
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    EXPECT_TRUE(first.commit());
+    second.join();
+
+    EXPECT_TRUE(secondSaved);
+    EXPECT_EQ(readBytes(target), QByteArray("second copy"));
+    EXPECT_FALSE(QFileInfo::exists(dir.filePath(QStringLiteral("settings.tmp"))));
 }
 
 namespace {
