@@ -11,7 +11,10 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QScreen>
+#include <QTimer>
 #include <QWidget>
+
+#include <malloc.h>
 
 namespace {
 
@@ -113,6 +116,9 @@ void Program::Main()
     m_mainForm = form;
     form->setWindowTitle(title);
     form->showAtStart();
+    // Start-up frees much of what it allocated (font and style caches, the first paint); once the
+    // window is up, give those pages back so that an idle calendar holds only what it uses.
+    QTimer::singleShot(0, [] { malloc_trim(0); });
 
     if (m_options.closeOnTerminationSignals) {
         m_terminationSignals = std::make_unique<TerminationSignals>([this] {
