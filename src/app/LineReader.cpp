@@ -61,16 +61,7 @@ bool LineReader::readPiece(QByteArrayView &piece, bool &endsLine)
         if (!direct)
             m_joined.append(begin, end);
         if (found) {
-            const char terminator = begin[end];
-            ++m_pos;
-            if (terminator == '\r') {
-                if (m_pos < m_len) {
-                    if (m_buffer.at(m_pos) == '\n')
-                        ++m_pos;
-                } else {
-                    m_skipLineFeed = true;
-                }
-            }
+            consumeLineEnd(begin[end]);
             m_inLine = false;
             endsLine = true;
             piece = direct ? QByteArrayView(begin, end) : QByteArrayView(m_joined);
@@ -86,6 +77,20 @@ bool LineReader::readPiece(QByteArrayView &piece, bool &endsLine)
     }
 }
 
+void LineReader::consumeLineEnd(char terminator)
+{
+    ++m_pos;
+    if (terminator != '\r')
+        return;
+    // CR LF is one line end, even when the chunk ends between the two.
+    if (m_pos < m_len) {
+        if (m_buffer.at(m_pos) == '\n')
+            ++m_pos;
+    } else {
+        m_skipLineFeed = true;
+    }
+}
+
 void LineReader::skipRestOfLine()
 {
     for (;;) {
@@ -98,16 +103,7 @@ void LineReader::skipRestOfLine()
         const qsizetype end = findLineEnd(begin, begin + available) - begin;
         m_pos += end;
         if (end < available) {
-            const char terminator = begin[end];
-            ++m_pos;
-            if (terminator == '\r') {
-                if (m_pos < m_len) {
-                    if (m_buffer.at(m_pos) == '\n')
-                        ++m_pos;
-                } else {
-                    m_skipLineFeed = true;
-                }
-            }
+            consumeLineEnd(begin[end]);
             m_inLine = false;
             return;
         }

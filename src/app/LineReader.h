@@ -74,6 +74,8 @@ public:
 private:
     bool readLineSlow(QByteArrayView &line);
     bool fill();
+    // Steps over the line end at m_pos whose first character is `terminator`.
+    void consumeLineEnd(char terminator);
     void skipRestOfLine();
 
     QIODevice &m_device;

@@ -202,22 +202,16 @@ void CalendarMonthExtForm::showGrid()
 void CalendarMonthExtForm::applyMonthBounds(int year, int month)
 {
     // A disabled button cannot keep the focus, so the focus leaves it first.
-    if (DateRules::isFirstMonth(year, month)) {
-        if (ButtPrevMonth->isEnabled()) {
+    const auto applyBound = [this](QPushButton *button, bool atBound) {
+        if (atBound && button->isEnabled()) {
             ButtUndo->setFocus();
-            ButtPrevMonth->setEnabled(false);
+            button->setEnabled(false);
+        } else if (!atBound && !button->isEnabled()) {
+            button->setEnabled(true);
         }
-    } else if (!ButtPrevMonth->isEnabled()) {
-        ButtPrevMonth->setEnabled(true);
-    }
-    if (DateRules::isLastMonth(year, month)) {
-        if (ButtNextMonth->isEnabled()) {
-            ButtUndo->setFocus();
-            ButtNextMonth->setEnabled(false);
-        }
-    } else if (!ButtNextMonth->isEnabled()) {
-        ButtNextMonth->setEnabled(true);
-    }
+    };
+    applyBound(ButtPrevMonth, DateRules::isFirstMonth(year, month));
+    applyBound(ButtNextMonth, DateRules::isLastMonth(year, month));
 }
 
 void CalendarMonthExtForm::SettingLabelesAndButtons()
