@@ -397,18 +397,23 @@ void CalendarMonthExtForm::stepByWheel(int angle)
     }
 }
 
-void CalendarMonthExtForm::ButtUndoClick()
+void CalendarMonthExtForm::historyStep(const QDate &date)
 {
-    if (!ButtUndo->isEnabled())
-        return;
-    // Today afresh, not the day the window was loaded on.
-    DisplayDate = m_program.clock().now().date();
+    DisplayDate = date;
     SelectedDate = DisplayDate;
     HistoryStepLock = true;
     DayFocusLock = false;
     UpdateCalendarDate();
     HistoryStepLock = false;
     ButtFocus->setFocus();
+}
+
+void CalendarMonthExtForm::ButtUndoClick()
+{
+    if (!ButtUndo->isEnabled())
+        return;
+    // Today afresh, not the day the window was loaded on.
+    historyStep(m_program.clock().now().date());
     ButtUndo->setEnabled(false);
     if (!RedoDate.isNull())
         ButtRedo->setEnabled(true);
@@ -419,13 +424,7 @@ void CalendarMonthExtForm::ButtRedoClick()
 {
     if (!ButtRedo->isEnabled())
         return;
-    DisplayDate = RedoDate;
-    SelectedDate = DisplayDate;
-    HistoryStepLock = true;
-    DayFocusLock = false;
-    UpdateCalendarDate();
-    HistoryStepLock = false;
-    ButtFocus->setFocus();
+    historyStep(RedoDate);
     ButtRedo->setEnabled(false);
     ButtUndo->setEnabled(true);
 }

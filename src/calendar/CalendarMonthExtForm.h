@@ -111,6 +111,8 @@ private:
     int shownYear(bool *ok) const;
     int shownMonth() const;
 
+    // Shows and selects `date` for ButtUndo/ButtRedo, then parks the focus.
+    void historyStep(const QDate &date);
     void ButtUndoClick();
     void ButtRedoClick();
     void KnCopyClick();
