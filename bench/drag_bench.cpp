@@ -1,6 +1,6 @@
 // Time to handle one pointer move of a drag (window and shadow moved), on the offscreen
 // platform: median and 99th percentile over 10 000 synthetic moves.
-#include "app/Program.h"
+#include "app/ProgramState.h"
 #include "windowing/Shadow.h"
 #include "windowing/WindowBehaviour.h"
 
@@ -30,14 +30,14 @@ void sendMouse(QWidget *target, QEvent::Type type, QPointF global, Qt::MouseButt
 
 void dragMoves(benchmark::State &state, bool shadows)
 {
-    Program program;
+    ProgramState program;
     program.ShadowMode = shadows ? QStringLiteral("Basic") : QStringLiteral("No");
     auto window = std::make_unique<QWidget>(nullptr, Qt::Window | Qt::FramelessWindowHint);
     window->setObjectName(QStringLiteral("CalendarMonthExtForm"));
     window->setFixedSize(400, 273);
     auto *frame = new QFrame(window.get());
     frame->setGeometry(window->rect());
-    program.windowBehaviour().attachMainWindow(window.get(), frame);
+    WindowBehaviour::of(program).attachMainWindow(window.get(), frame);
     window->move(300, 200);
     window->show();
     window->activateWindow();

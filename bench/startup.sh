@@ -3,6 +3,8 @@
 # qlvcallt and two reference calendars (gsimplecal, yad --calendar), interleaved round by round
 # under one private Xvfb. One warm-up round is not recorded. Prints the medians and the ratios.
 # Usage: bench/startup.sh [build dir] [rounds]
+# QLV_BENCH_PICTURE=Marble starts the calendar on that background picture. Run the script under
+# dbus-run-session to measure with a session bus, as on a desktop: its address is passed on.
 # QLV_BENCH_COMPOSITOR=1 runs a compositing manager (xcompmgr) first, so that the calendar comes
 # up with its shadow, as on a compositing desktop. Its shadow maps just before the window does.
 set -euo pipefail
@@ -26,10 +28,19 @@ if [ "${QLV_BENCH_COMPOSITOR:-0}" = 1 ]; then
   echo "with a compositing manager (xcompmgr -n)"
 fi
 
+if [ -n "${QLV_BENCH_PICTURE:-}" ]; then
+  mkdir -p "$work/config/QLVCalendarLite"
+  printf '[Appearance]\r\nCalendarPicture=%s\r\n' "$QLV_BENCH_PICTURE" \
+    >"$work/config/QLVCalendarLite/qlvcal.ini"
+  echo "calendar picture: $QLV_BENCH_PICTURE"
+fi
+bus=()
+[ -n "${DBUS_SESSION_BUS_ADDRESS:-}" ] && bus=(DBUS_SESSION_BUS_ADDRESS="$DBUS_SESSION_BUS_ADDRESS")
+
 # Every program sees the same small, private environment.
 run() {
   env -i PATH=/usr/bin:/bin HOME="$work/home" DISPLAY="$display" LANG=en_US.UTF-8 \
-    XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work/runtime" \
+    XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work/runtime" "${bus[@]}" \
     NO_AT_BRIDGE=1 "$wait_map" "$@"
 }
 

@@ -12,6 +12,8 @@ packages=(
   clang clang-format clang-tidy libclang-rt-14-dev
   # end-to-end tests and screenshots
   xvfb xdotool x11-utils x11-xserver-utils xclip xcompmgr imagemagick
+  # window managers with different stacking rules, for the end-to-end tests
+  openbox icewm fluxbox
   fonts-liberation fonts-dejavu-core qt6-qpa-plugins strace util-linux
   locales python3
   # reference programs for the benchmarks

@@ -1,4 +1,6 @@
 #include "app/Program.h"
+#include "calendar/CalendarMonthExtForm.h"
+#include "windowing/LayeredWindows.h"
 
 #include <QApplication>
 
@@ -15,6 +17,8 @@ int main(int argc, char *argv[])
 
     ProgramOptions options;
     options.closeOnTerminationSignals = true;
+    options.probeLayeredWindows = ProbeLayeredWindows;
+    options.showMainWindow = CalendarMonthExtForm::showNew;
     Program program(options);
     program.Main();
     return QApplication::exec();

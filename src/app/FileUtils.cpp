@@ -94,7 +94,8 @@ QString FolderOfPath(const QString &path)
 
 std::int32_t FileSum(const QString &path)
 {
-    if (!FileExists(path))
+    // Only a regular file: a FIFO would block the read.
+    if (!QFileInfo(path).isFile())
         return 0;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))

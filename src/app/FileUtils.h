@@ -22,7 +22,7 @@ bool DeleteFile(const QString &path, bool pump, bool *waiting = nullptr);
 // The part before the last "/"; a file in the root gives "/".
 QString FolderOfPath(const QString &path);
 // Sum of all bytes of the file as unsigned values; the sum stops before it would overflow a
-// 32-bit signed integer. A missing file gives 0.
+// 32-bit signed integer. Anything but a regular file gives 0.
 std::int32_t FileSum(const QString &path);
 // Waits 1..65000 ms, keeping the event loop running when `pump` is set. `waiting`, when given,
 // is true for the duration.

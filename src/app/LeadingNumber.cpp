@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <cfenv>
+#include <clocale>
 #include <cmath>
 #include <cstdlib>
 #include <string>
@@ -117,9 +118,12 @@ std::optional<double> leadingNumber(QStringView text)
                 number += exponent;
         }
     }
-    // Very long digit runs are legal; strtod copes with them.
+    // Very long digit runs are legal; strtod copes with them. The file's decimal point is "."
+    // on every machine, so the digits are read in the C locale, never in LC_NUMERIC's (which
+    // QApplication sets from the user's locale: a Russian one reads "2.6" as 2).
+    static const locale_t cNumbers = ::newlocale(LC_NUMERIC_MASK, "C", nullptr);
     errno = 0;
-    const double value = std::strtod(number.c_str(), nullptr);
+    const double value = ::strtod_l(number.c_str(), nullptr, cNumbers);
     if (!std::isfinite(value) || (errno == ERANGE && std::fabs(value) > 1.0))
         return std::nullopt;
     return value;

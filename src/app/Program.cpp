@@ -2,11 +2,11 @@
 
 #include "Clock.h"
 #include "FileUtils.h"
+#include "SchemeColors.h"
 #include "SettingsFolder.h"
 #include "TerminationSignals.h"
-#include "calendar/CalendarMonthExtForm.h"
-#include "windowing/LayeredWindows.h"
-#include "windowing/WindowBehaviour.h"
+#include "appearance/ResourcesForm.h"
+#include "appearance/SchemePalette.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -16,40 +16,18 @@
 
 #include <malloc.h>
 
-namespace {
-
-const QString MainFormName = QStringLiteral("CALENDARMONTHEXTFORM");
-
-// The windows whose loaded flags the program keeps.
-const QSet<QString> &knownForms()
-{
-    static const QSet<QString> names = {
-        QStringLiteral("ABOUTFORM"),   QStringLiteral("CALENDARMONTHEXTFORM"),
-        QStringLiteral("VIEWFORM"),    QStringLiteral("RESOURCESFORM"),
-        QStringLiteral("TOOLTIPFORM"), QStringLiteral("TABAPPFORM"),
-        QStringLiteral("SHADOW"),
-    };
-    return names;
-}
-
-} // namespace
-
 Program::Program(ProgramOptions options)
     : m_options(std::move(options))
+    , m_state(m_options.clock)
 {
-    if (m_options.clock) {
-        m_clock = m_options.clock;
-    } else {
-        m_ownClock = std::make_unique<SystemClock>();
-        m_clock = m_ownClock.get();
-    }
     if (!m_options.getEnv)
         m_options.getEnv = [](const char *name) { return qgetenv(name); };
+    m_state.closeProgram = [this] { CloseProgram(); };
 }
 
 Program::~Program()
 {
-    // The windows hold a reference to us; none may outlive the program object.
+    // The windows hold a reference to our state; none may outlive it.
     delete m_mainForm.data();
 }
 
@@ -61,22 +39,23 @@ QString Program::GetOSPlatform() const
 
 void Program::Main()
 {
-    OSPlatform = GetOSPlatform();
+    ProgramState &st = m_state;
+    st.OSPlatform = GetOSPlatform();
 
     const QString appDir = m_options.applicationDir.isEmpty()
         ? QCoreApplication::applicationDirPath()
         : m_options.applicationDir;
-    ProgramFolder = programFolderOf(appDir);
+    st.ProgramFolder = programFolderOf(appDir);
 
-    FolderEnvironment folderEnv = systemFolderEnvironment(ProgramFolder);
+    FolderEnvironment folderEnv = systemFolderEnvironment(st.ProgramFolder);
     folderEnv.getEnv = m_options.getEnv;
     if (!m_options.fallbackHome.isNull())
         folderEnv.fallbackHome = m_options.fallbackHome;
-    SettingsFolder = GetSettingsFolder(folderEnv, &m_waiting);
-    SettingsPath = SettingsFolder + QStringLiteral("qlvcal.ini");
+    st.SettingsFolder = GetSettingsFolder(folderEnv, st.waitingFlag());
+    st.SettingsPath = st.SettingsFolder + QStringLiteral("qlvcal.ini");
 
     SettingsContext context;
-    context.settingsPath = SettingsPath;
+    context.settingsPath = st.SettingsPath;
     context.screenWidthTwips = m_options.screenWidthTwips;
     context.screenHeightTwips = m_options.screenHeightTwips;
     if (context.screenWidthTwips <= 0 || context.screenHeightTwips <= 0) {
@@ -85,14 +64,16 @@ void Program::Main()
         context.screenWidthTwips = geometry.width() * TwipsPerPixel;
         context.screenHeightTwips = geometry.height() * TwipsPerPixel;
     }
-    context.layeredWindows = ProbeLayeredWindows(OSPlatform);
-    ShadowMode = DecideShadowMode(context.layeredWindows, QGuiApplication::platformName());
+    context.layeredWindows =
+        m_options.probeLayeredWindows && m_options.probeLayeredWindows(st.OSPlatform);
+    st.ShadowMode = DecideShadowMode(context.layeredWindows, QGuiApplication::platformName());
     const auto getEnv = m_options.getEnv;
     context.isRussianSystem = [getEnv] { return IsRussianSystem(getEnv); };
-    context.clock = m_clock;
+    context.clock = &st.clock();
     context.fileOps = m_options.fileOps;
-    context.waiting = &m_waiting;
-    m_settingsFile = std::make_unique<SettingsFile>(m_settings, std::move(context));
+    context.waiting = st.waitingFlag();
+    m_settingsFile = std::make_unique<SettingsFile>(st.settings(), std::move(context));
+    st.setSettingsFile(m_settingsFile.get());
 
     m_settingsFile->SetDefaultSettings();
     // A failed read has already rewritten the file from defaults, so the second read normally
@@ -102,20 +83,18 @@ void Program::Main()
         if (m_settingsFile->ReadSettings())
             break;
     }
-    Wait(2, true, &m_waiting);
-    SettingsChecksum = FileSum(SettingsPath);
+    Wait(2, true, st.waitingFlag());
+    st.SettingsChecksum = FileSum(st.SettingsPath);
+    ApplySchemeColors(st.settings());
+    QGuiApplication::setApplicationDisplayName(AppTitle(st.settings()));
 
-    const QString title = m_settings.Language != QStringLiteral("English")
-        ? m_settings.AppTitleRussian
-        : m_settings.AppTitleEnglish;
-    QGuiApplication::setApplicationDisplayName(title);
-
-    if (!qobject_cast<QApplication *>(QCoreApplication::instance()))
+    if (!qobject_cast<QApplication *>(QCoreApplication::instance()) || !m_options.showMainWindow)
         return;
-    auto *form = new CalendarMonthExtForm(*this);
-    m_mainForm = form;
-    form->setWindowTitle(title);
-    form->showAtStart();
+    // The picture buttons' keeper comes before any window that shows them.
+    auto *resources = new ResourcesForm(QCoreApplication::instance());
+    resources->setScheme(SchemePalettes::forScheme(st.settings().CurrentColorScheme));
+    st.setFormLoaded(resources->objectName(), true);
+    m_mainForm = m_options.showMainWindow(st);
     // Start-up frees much of what it allocated (font and style caches, the first paint); once the
     // window is up, give those pages back so that an idle calendar holds only what it uses.
     QTimer::singleShot(0, [] { malloc_trim(0); });
@@ -130,41 +109,16 @@ void Program::Main()
     }
 }
 
-CalendarMonthExtForm *Program::mainForm() const
-{
-    return qobject_cast<CalendarMonthExtForm *>(m_mainForm.data());
-}
-
-WindowBehaviour &Program::windowBehaviour()
-{
-    if (!m_windowBehaviour)
-        m_windowBehaviour = std::make_unique<WindowBehaviour>(*this);
-    return *m_windowBehaviour;
-}
-
-bool Program::IsFormLoaded(const QString &name, bool useFormsList) const
-{
-    const QString wanted = name.trimmed().toUpper();
-    if (useFormsList) {
-        if (wanted.isEmpty() || !qobject_cast<QApplication *>(QCoreApplication::instance()))
-            return false;
-        const QWidgetList windows = QApplication::topLevelWidgets();
-        return std::any_of(windows.begin(), windows.end(),
-                           [&](const QWidget *w) { return w->objectName().toUpper() == wanted; });
-    }
-    return knownForms().contains(wanted) && m_loadedForms.contains(wanted);
-}
-
 bool Program::NoMainFormLoaded() const
 {
-    return !IsFormLoaded(QStringLiteral("CalendarMonthExtForm"), true)
-        && !IsFormLoaded(QStringLiteral("AboutForm"), true)
-        && !IsFormLoaded(QStringLiteral("ViewForm"), true);
+    return !m_state.IsFormLoaded(QStringLiteral("CalendarMonthExtForm"), true)
+        && !m_state.IsFormLoaded(QStringLiteral("AboutForm"), true)
+        && !m_state.IsFormLoaded(QStringLiteral("ViewForm"), true);
 }
 
 void Program::UnloadFormByName(const QString &name)
 {
-    if (!IsFormLoaded(name, true))
+    if (!m_state.IsFormLoaded(name, true))
         return;
     const QString wanted = name.trimmed().toUpper();
     const QWidgetList windows = QApplication::topLevelWidgets();
@@ -176,36 +130,17 @@ void Program::UnloadFormByName(const QString &name)
     }
 }
 
-void Program::HandleQuitKeys(int keyCode, int shift)
-{
-    constexpr int KeyQ = 81;
-    constexpr int KeyX = 88;
-    constexpr int AltBit = 4;
-    if ((keyCode == KeyQ || keyCode == KeyX) && (shift & AltBit)) {
-        Closing = true;
-        CloseProgram();
-    }
-}
-
-void Program::setFormLoaded(const QString &name, bool loaded)
-{
-    const QString key = name.trimmed().toUpper();
-    if (loaded)
-        m_loadedForms.insert(key);
-    else
-        m_loadedForms.remove(key);
-}
-
 void Program::rememberMainFormPosition()
 {
-    if (!m_mainForm || m_mainForm->isMinimized())
+    // A minimised window keeps the place it had: X has no parking spot for icons.
+    if (!m_mainForm)
         return;
     // A native Wayland window cannot know where it is; keep the stored position there.
     if (QGuiApplication::platformName().startsWith(QStringLiteral("wayland")))
         return;
     const QPoint topLeft = m_mainForm->pos();
-    m_settings.CalendarLeft = topLeft.x() * TwipsPerPixel;
-    m_settings.CalendarTop = topLeft.y() * TwipsPerPixel;
+    m_state.settings().CalendarLeft = topLeft.x() * TwipsPerPixel;
+    m_state.settings().CalendarTop = topLeft.y() * TwipsPerPixel;
 }
 
 void Program::CloseProgram()
@@ -214,22 +149,29 @@ void Program::CloseProgram()
         return;
     m_shutDown = true;
 
-    if (m_settingsFile && !IsFormLoaded(QStringLiteral("ViewForm"), true)) {
+    const Settings &s = m_state.settings();
+    if (m_settingsFile && !m_state.IsFormLoaded(QStringLiteral("ViewForm"), true)) {
         rememberMainFormPosition();
         // Someone else (a hand edit, another running copy) changed the file since start-up:
         // keep their values and bring only the window position up to date.
-        if (FileSum(SettingsPath) == SettingsChecksum) {
+        if (FileSum(m_state.SettingsPath) == m_state.SettingsChecksum) {
             m_settingsFile->WriteSettings();
         } else {
             m_settingsFile->UpdateSettingsKeys(
-                SettingsPath,
-                { { QString::fromUtf16(SettingsKeys::CalendarLeft), m_settings.CalendarLeft },
-                  { QString::fromUtf16(SettingsKeys::CalendarTop), m_settings.CalendarTop } });
+                m_state.SettingsPath,
+                { { QString::fromUtf16(SettingsKeys::CalendarLeft), s.CalendarLeft },
+                  { QString::fromUtf16(SettingsKeys::CalendarTop), s.CalendarTop } });
         }
     }
 
     for (const char *name :
          { "ToolTipForm", "AboutForm", "ViewForm", "TabAppForm", "CalendarMonthExtForm" }) {
         UnloadFormByName(QString::fromLatin1(name));
+    }
+    // The button images go last, once no window can ask for them.
+    if (ResourcesForm *resources = ResourcesForm::find()) {
+        resources->setObjectName(QString());
+        resources->deleteLater();
+        m_state.setFormLoaded(QStringLiteral("ResourcesForm"), false);
     }
 }

@@ -279,13 +279,14 @@ bool SettingsFile::ReadSettings()
         if (QFileInfo(m_context.settingsPath).isFile()
             && file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
             ok = readFrom(file);
-            applyLanguageSwitches();
-            m_settings.ShadowOffset = 65;
-            m_settings.VersionText = QString::fromUtf16(ProgramText::VersionText);
         }
     }
-    if (ok)
+    if (ok) {
+        applyLanguageSwitches();
+        m_settings.ShadowOffset = 65;
+        m_settings.VersionText = QString::fromUtf16(ProgramText::VersionText);
         return true;
+    }
 
     // The file is bad or missing: start again from defaults and write them out at once.
     DeleteFile(m_context.settingsPath, false, m_context.waiting);
@@ -332,10 +333,9 @@ bool SettingsFile::WriteSettings()
 bool SettingsFile::UpdateSettingsKeys(const QString &path,
                                       const QList<QPair<QString, qint32>> &pairs)
 {
-    if (!FileExists(path))
-        return false;
+    // Only a regular file: a FIFO put in its place would block the open.
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return false;
 
     struct Replacement
@@ -357,7 +357,10 @@ bool SettingsFile::UpdateSettingsKeys(const QString &path,
 
     // Streamed piece by piece, so a file of any size costs no more memory than the reader. A
     // key is looked for in the first piece of a line; the rest of a replaced line is dropped.
+    // The copy replaces the file only once every line is in it: one that runs out of time is
+    // dropped, and the old file, with the user's other lines, stays whole.
     const auto deadline = steadyNow() + m_context.keyUpdateDeadline;
+    bool outOfTime = false;
     LineReader reader(file);
     QByteArrayView piece;
     bool endsLine = true;
@@ -365,6 +368,8 @@ bool SettingsFile::UpdateSettingsKeys(const QString &path,
     bool lineStart = true;
     bool ok = true;
     while (ok && reader.readPiece(piece, endsLine)) {
+        if (outOfTime)
+            return false;
         if (lineStart) {
             const std::string lower = asciiLower(piece);
             const auto found =
@@ -379,8 +384,7 @@ bool SettingsFile::UpdateSettingsKeys(const QString &path,
         lineStart = endsLine;
         if (endsLine) {
             ok = ok && writer.write("\r\n");
-            if (steadyNow() >= deadline)
-                break;
+            outOfTime = steadyNow() >= deadline;
         }
     }
     if (!ok || reader.hasError())

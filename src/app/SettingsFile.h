@@ -43,7 +43,8 @@ public:
     bool WriteSettings();
     void SetDefaultSettings();
     // Rewrites only the lines holding one of the keys (any case) as key + value; the other
-    // lines are copied unchanged. Nothing happens when the file does not exist.
+    // lines are copied unchanged. False, with the file as it was, when it is not there, cannot
+    // be replaced or is not copied whole before the deadline.
     bool UpdateSettingsKeys(const QString &path, const QList<QPair<QString, qint32>> &pairs);
 
     // The reader's core: applies the lines of `device` to the record. False when an error was

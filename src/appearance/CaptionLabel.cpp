@@ -40,8 +40,10 @@ void CaptionLabel::paintEvent(QPaintEvent *event)
 
     QPainter p(this);
     p.setFont(m_layoutFont);
-    p.setPen(
-        palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, foregroundRole()));
+    // A label that reacts to the pointer (a link) takes the link colour under it.
+    const QPalette::ColorRole role =
+        testAttribute(Qt::WA_Hover) && underMouse() ? QPalette::Link : foregroundRole();
+    p.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, role));
     p.drawStaticText(QPointF(x, y), m_layout);
 }
 

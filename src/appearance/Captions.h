@@ -32,11 +32,38 @@ inline constexpr Pair LabelActDate2 { u"Selected date:", u"Выбранная д
 inline constexpr Pair LabelLeftDays { u"Date difference:", u"Разница в датах:" };
 inline constexpr Pair LabelMonth { u"Month:", u"Месяц:" };
 inline constexpr Pair LabelDays { u"day(s)", u"дн(ей)" };
+// The words on the Settings window's Ok and Cancel pictures (ButtonArt::Picture::Word; the
+// "Black" pictures are the normal state, the "Blue" ones the hover state).
+inline constexpr Pair KnOkWord { u"Ok", u"Ok" };
+inline constexpr Pair KnCancelWord { u"Cancel", u"Отмена" };
 
 // What a screen reader says for a day cell: the full date, then "today" and "selected" where
 // they apply.
 QString dayCellName(const QString &longDate, bool isToday, bool isSelected,
                     const QString &language);
+
+// What a screen reader says for the controls that show a picture or a value rather than their
+// purpose: the picture buttons say what their tooltips say, the lists what they choose.
+struct ControlName
+{
+    const char *objectName;
+    Pair name;
+};
+inline constexpr ControlName ControlNames[] = {
+    { "KnCopy",
+      { u"Copy the selected date to the Clipboard",
+        u"Скопировать выбранную дату в буфер обмена" } },
+    { "KnMin", { u"Minimize", u"Свернуть Календарь" } },
+    { "KnClose", { u"Close the Calendar", u"Закрыть Календарь" } },
+    { "KnOk", { u"Close the Calendar", u"Закрыть Календарь" } },
+    { "ButtNew", { u"Run a new instance of the Calendar", u"Открыть новый экземпляр Календаря" } },
+    { "ButtPrevMonth", { u"Go to the previous month", u"Переход к предыдущему месяцу" } },
+    { "ButtNextMonth", { u"Go to the next month", u"Переход к следующему месяцу" } },
+    { "ButtUndo", { u"Return to the current date", u"Возврат к текущей дате" } },
+    { "ButtRedo", { u"Return to the last selected date", u"Возврат к последней выбранной дате" } },
+    { "ListMonth", { u"Month", u"Месяц" } },
+    { "ListYear", { u"Year", u"Год" } },
+};
 
 // Words a screen reader adds to a day cell's date.
 inline constexpr Pair TodayMark { u"today", u"сегодня" };

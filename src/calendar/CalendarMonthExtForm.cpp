@@ -1,18 +1,21 @@
 #include "CalendarMonthExtForm.h"
 
-#include "DateRules.h"
 #include "DayButton.h"
 #include "MainFormBuilder.h"
+#include "MainFormKeys.h"
 #include "MainFormLayout.h"
+#include "MainFormLook.h"
 #include "TimeText.h"
 #include "app/Clock.h"
-#include "app/Program.h"
+#include "app/ProgramState.h"
+#include "app/SchemeColors.h"
 #include "appearance/CaptionLabel.h"
 #include "appearance/Captions.h"
+#include "windowing/KeyboardState.h"
 #include "windowing/Placement.h"
+#include "windowing/Shadow.h"
 #include "windowing/TabAppForm.h"
 #include "windowing/WindowBehaviour.h"
-#include "windowing/WindowGuard.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -31,9 +34,6 @@
 
 namespace {
 
-constexpr int ClockInterval = 108; // ms
-constexpr int WheelNotch = 120; // angle units of one wheel notch
-
 QString yearText(int year)
 {
     return QStringLiteral("%1").arg(year, 4, 10, QLatin1Char('0'));
@@ -41,50 +41,49 @@ QString yearText(int year)
 
 } // namespace
 
-CalendarMonthExtForm::CalendarMonthExtForm(Program &program, QWidget *parent)
-    : QWidget(parent, Qt::Window | Qt::FramelessWindowHint)
+CalendarMonthExtForm::CalendarMonthExtForm(ProgramState &program, QWidget *parent)
+    : CommonWindow(program, QStringLiteral("CalendarMonthExtForm"),
+                   QSize(MainFormWidthTwips / TwipsPerPixel, MainFormHeightTwips / TwipsPerPixel),
+                   parent)
     , m_program(program)
+    , m_nav(program.clock(), [&program] { return program.IsBusy(); })
 {
-    setObjectName(QStringLiteral("CalendarMonthExtForm"));
-    setAttribute(Qt::WA_DeleteOnClose);
-    setFixedSize(MainFormWidthTwips / TwipsPerPixel, MainFormHeightTwips / TwipsPerPixel);
-    setFont(QFont(QStringLiteral("Arial"), 9));
     // The clock style is fixed for the run by the language the program started in.
     m_timeAmPm = Captions::isEnglish(m_program.settings().Language);
 
     createControls();
     SettingLabelesAndButtons();
 
-    DisplayDate = m_program.clock().now().date();
-    TodayDate = DisplayDate;
-    SelectedDate = DisplayDate;
-    UpdateCalendarDate();
-    ButtUndo->setEnabled(false);
-    ButtRedo->setEnabled(false);
+    m_nav.weekStartsOnSunday = Captions::weekStartsOnSunday(m_program.settings().FirstWeekDay);
+    m_nav.Load();
+    showNavigation();
 
-    TimerCheckAreaForm = new QTimer(this);
-    TimerCheckAreaForm->setObjectName(QStringLiteral("TimerCheckAreaForm"));
-    TimerCheckAreaForm->setInterval(ClockInterval);
-    connect(TimerCheckAreaForm, &QTimer::timeout, this,
-            &CalendarMonthExtForm::TimerCheckAreaFormTick);
-    TimerCheckAreaForm->start();
     // Keys reach the window before its controls, wherever the focus is.
-    qApp->installEventFilter(this);
-    m_program.windowBehaviour().attachMainWindow(this, FrameMove);
-    // The window guard's TimerKeyUp restarts on every key press and ends a key-down whose
-    // release never reached us.
-    auto *guard = findChild<WindowGuard *>();
-    TimerKeyUp = guard->TimerKeyUp;
-    connect(guard, &WindowGuard::keyUpTimedOut, this, [this] { m_keys.keyUpTimedOut(); });
+    m_keys = new MainFormKeys(*this);
+    attachCommonParts(true);
+    for (QWidget *label : MainFormBuilder::dragLabels(*this))
+        behaviour().addDragArea(this, label);
     m_program.setFormLoaded(objectName(), true);
     LoadDone = true;
+    refreshTaskbarTitle();
 }
 
 CalendarMonthExtForm::~CalendarMonthExtForm()
 {
-    // The controls go before the QObject part of us; no event may reach the filter meanwhile.
-    qApp->removeEventFilter(this);
+    // The controls go before the QObject part of us; no key may reach the filter meanwhile.
+    delete m_keys;
+    m_keys = nullptr;
     m_program.setFormLoaded(QStringLiteral("CalendarMonthExtForm"), false);
+}
+
+const KeyTable &CalendarMonthExtForm::keys() const
+{
+    return m_keys->table();
+}
+
+void CalendarMonthExtForm::keyUpTimedOut()
+{
+    m_keys->table().keyUpTimedOut();
 }
 
 void CalendarMonthExtForm::createControls()
@@ -98,28 +97,45 @@ void CalendarMonthExtForm::createControls()
     connect(KnMin, &QPushButton::clicked, this, &CalendarMonthExtForm::KnMinClick);
     connect(KnCopy, &QPushButton::clicked, this, &CalendarMonthExtForm::KnCopyClick);
     connect(ButtNew, &QPushButton::clicked, this, &CalendarMonthExtForm::ButtNewClick);
-    connect(ButtUndo, &QPushButton::clicked, this, &CalendarMonthExtForm::ButtUndoClick);
-    connect(ButtRedo, &QPushButton::clicked, this, &CalendarMonthExtForm::ButtRedoClick);
+    connect(ButtUndo, &QPushButton::clicked, this, [this] {
+        navigate(&CalendarNavigation::ButtUndoClick);
+        // The caption follows a language chosen meanwhile.
+        refreshTaskbarTitle();
+    });
+    connect(ButtRedo, &QPushButton::clicked, this,
+            [this] { navigate(&CalendarNavigation::ButtRedoClick); });
     connect(static_cast<CaptionLabel *>(LabelSettings), &CaptionLabel::clicked, this,
             &CalendarMonthExtForm::settingsWindowRequested);
     connect(static_cast<CaptionLabel *>(LabelAbout), &CaptionLabel::clicked, this,
             &CalendarMonthExtForm::aboutWindowRequested);
     startProgram = [](const QString &program) { QProcess::startDetached(program, {}); };
-    connect(ButtPrevMonth, &QPushButton::clicked, this, &CalendarMonthExtForm::ButtPrevMonthClick);
-    connect(ButtNextMonth, &QPushButton::clicked, this, &CalendarMonthExtForm::ButtNextMonthClick);
+    connect(ButtPrevMonth, &QPushButton::clicked, this,
+            [this] { navigate(&CalendarNavigation::ButtPrevMonthClick); });
+    connect(ButtNextMonth, &QPushButton::clicked, this,
+            [this] { navigate(&CalendarNavigation::ButtNextMonthClick); });
     // Only a user's choice counts as a list click; the rebuild's own writes do not.
-    connect(ListMonth, &QComboBox::activated, this, &CalendarMonthExtForm::ListClick);
-    connect(ListYear, &QComboBox::activated, this, &CalendarMonthExtForm::ListClick);
+    connect(ListMonth, &QComboBox::activated, this, [this] { ListClick(false); });
+    connect(ListYear, &QComboBox::activated, this, [this] { ListClick(true); });
     for (int i = 1; i <= MonthGrid::CellCount; ++i) {
         DayButton *cell = ButtDay[static_cast<std::size_t>(i)];
         connect(cell, &DayButton::focusGained, this, [this](int index, Qt::FocusReason reason) {
             // Focus coming back with the window or from a closed list popup is not a pick.
             if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
-                ButtDayGotFocus(index);
+                navigate(&CalendarNavigation::ButtDayGotFocus, index);
         });
-        connect(cell, &DayButton::moveRequested, this, &CalendarMonthExtForm::moveDayFocus);
-        connect(cell, &DayButton::wheelTurned, this, &CalendarMonthExtForm::stepByWheel);
+        connect(cell, &DayButton::moveRequested, this, [this](int index, int offset) {
+            navigate(&CalendarNavigation::moveDayFocus, index, offset);
+        });
+        connect(cell, &DayButton::wheelTurned, this,
+                [this](int angle) { navigate(&CalendarNavigation::wheel, angle); });
     }
+}
+
+QWidget *CalendarMonthExtForm::showNew(ProgramState &program)
+{
+    auto *form = new CalendarMonthExtForm(program);
+    form->showAtStart();
+    return form;
 }
 
 void CalendarMonthExtForm::showAtStart()
@@ -127,43 +143,99 @@ void CalendarMonthExtForm::showAtStart()
     const Settings &s = m_program.settings();
     const QScreen *screen = QGuiApplication::primaryScreen();
     const QRect area = screen ? screen->geometry() : QRect(0, 0, 1024, 768);
+    QList<QRect> screens { area };
+    for (const QScreen *other : QGuiApplication::screens())
+        screens.append(other->geometry());
     const QPoint topLeft = s.CalendarAlignToCenter == QStringLiteral("Yes")
         ? Placement::centredTopLeft(area, size())
-        : Placement::keptOnScreen({ s.CalendarLeft, s.CalendarTop }, size(), area);
+        : Placement::keptOnScreen({ s.CalendarLeft, s.CalendarTop }, size(), screens);
     if (s.CalendarTopmost == QStringLiteral("Yes"))
         setWindowFlag(Qt::WindowStaysOnTopHint, true);
     move(topLeft);
     m_program.setShowingWindow(true);
-    m_program.windowBehaviour().showWindow(this);
+    showWindow();
     ButtFocus->setFocus();
     m_program.setShowingWindow(false);
 }
 
 void CalendarMonthExtForm::UpdateCalendarDate()
 {
-    if (!ListChangeLock && DateRules::isShownMonth(DisplayDate)) {
-        ListMonth->setCurrentIndex(DisplayDate.month() - 1);
-        ListYear->setCurrentIndex(ListYear->findText(yearText(DisplayDate.year())));
+    m_nav.weekStartsOnSunday = Captions::weekStartsOnSunday(m_program.settings().FirstWeekDay);
+    m_nav.UpdateCalendarDate();
+    showNavigation();
+}
+
+void CalendarMonthExtForm::showNavigation()
+{
+    if (m_nav.rebuilds() != m_rebuildsShown) {
+        m_rebuildsShown = m_nav.rebuilds();
+        showGrid();
     }
-    bool ok = false;
-    const int year = shownYear(&ok);
-    const int month = shownMonth();
-    if (!ok || month < 1 || month > 12)
-        return; // the grid keeps what it shows
+    // Enable first and disable last: a button losing the focus to a disable would hand it to
+    // the next control in the chain, perhaps a day cell, which would count as a pick.
+    const std::array<std::pair<QPushButton *, bool>, 4> states = {
+        std::pair { ButtUndo, m_nav.ButtUndoEnabled },
+        { ButtRedo, m_nav.ButtRedoEnabled },
+        { ButtPrevMonth, m_nav.ButtPrevMonthEnabled },
+        { ButtNextMonth, m_nav.ButtNextMonthEnabled },
+    };
+    for (const auto &[button, enabled] : states) {
+        if (enabled)
+            button->setEnabled(true);
+    }
+    const CalendarNavigation::FocusMove move = m_nav.takeFocusMove();
+    switch (move.target) {
+    case CalendarNavigation::FocusTarget::None:
+        break;
+    case CalendarNavigation::FocusTarget::ButtUndo:
+        ButtUndo->setFocus();
+        break;
+    case CalendarNavigation::FocusTarget::ButtFocus:
+        ButtFocus->setFocus();
+        break;
+    case CalendarNavigation::FocusTarget::Day:
+        // Focusing a cell picks its day, which comes back here.
+        ButtDay[static_cast<std::size_t>(move.cell)]->setFocus(Qt::OtherFocusReason);
+        break;
+    }
+    ButtUndo->setEnabled(m_nav.ButtUndoEnabled);
+    ButtRedo->setEnabled(m_nav.ButtRedoEnabled);
+    ButtPrevMonth->setEnabled(m_nav.ButtPrevMonthEnabled);
+    ButtNextMonth->setEnabled(m_nav.ButtNextMonthEnabled);
+}
 
-    MonthGrid::FillRequest request;
-    request.year = year;
-    request.month = month;
-    request.today = m_program.clock().now().date();
-    request.selected = SelectedDate;
-    request.weekStartsOnSunday = Captions::weekStartsOnSunday(m_program.settings().FirstWeekDay);
-    request.partial = m_partialUpdate;
-    m_grid.fill(request, m_program.clock());
-    showGrid();
+void CalendarMonthExtForm::showGrid()
+{
+    ListMonth->setCurrentIndex(m_nav.shownMonth() - 1);
+    ListYear->setCurrentIndex(ListYear->findText(yearText(m_nav.shownYear())));
 
-    LabelActDate2Val->setText(LocaleFormats::shortDate(DisplayDate));
+    const MonthGrid &grid = m_nav.grid();
+    const QString &language = m_program.settings().Language;
+    const QDate today = m_program.clock().now().date();
+    const QLocale locale;
+    for (int i = 1; i <= MonthGrid::CellCount; ++i) {
+        DayButton *button = ButtDay[static_cast<std::size_t>(i)];
+        const MonthGrid::Cell &cell = grid.cell(i);
+        button->setText(MonthGrid::caption(cell));
+        button->setBackColor(cell.backColor);
+        button->setToday(cell.day > 0 && grid.dateOf(i) == today);
+        // Tab walks the days only; a blank cell is reached by a click or an arrow key.
+        button->setFocusPolicy(cell.day > 0 ? Qt::StrongFocus : Qt::ClickFocus);
+        // A blank cell is named after the date it leads to.
+        const QDate date = grid.dateOf(i);
+        const QDate place = date.isValid() ? date : grid.placeOf(i);
+        const QString name = place.isValid()
+            ? Captions::dayCellName(locale.toString(place, QLocale::LongFormat), date == today,
+                                    date.isValid() && date == m_nav.SelectedDate, language)
+            : QString();
+        if (button->accessibleName() != name)
+            button->setAccessibleName(name);
+    }
+
+    const QDate shown = m_nav.DisplayDate;
+    LabelActDate2Val->setText(LocaleFormats::shortDate(shown));
     LabelLeftDaysVal->setText(
-        QString::number(dayDifference(NowToMinute(m_program.clock()), DisplayDate)));
+        QString::number(dayDifference(NowToMinute(m_program.clock()), shown)));
     LabelActDate->setText(QLatin1Char(' ') + ListMonth->currentText() + QLatin1Char(' '));
     // The unit follows the number at a word's distance.
     const int unitLeft = LabelLeftDaysVal->x()
@@ -171,47 +243,9 @@ void CalendarMonthExtForm::UpdateCalendarDate()
     LabelDays->setGeometry(unitLeft, LabelDays->y(),
                            MainFormLayout::Width - MainFormLayout::Margin - unitLeft,
                            LabelDays->height());
-    applyMonthBounds(year, month);
     // The taskbar entry's title follows the language once the window is set up.
     refreshTaskbarTitle();
     Q_EMIT gridRebuilt();
-}
-
-void CalendarMonthExtForm::showGrid()
-{
-    const QString &language = m_program.settings().Language;
-    const QDate today = m_program.clock().now().date();
-    const QLocale locale;
-    for (int i = 1; i <= MonthGrid::CellCount; ++i) {
-        DayButton *button = ButtDay[static_cast<std::size_t>(i)];
-        const MonthGrid::Cell &cell = m_grid.cell(i);
-        button->setText(MonthGrid::caption(cell));
-        button->setBackColor(cell.backColor);
-        // Tab walks the days only; a blank cell is reached by a click or an arrow key.
-        button->setFocusPolicy(cell.day > 0 ? Qt::StrongFocus : Qt::ClickFocus);
-        const QDate date = m_grid.dateOf(i);
-        const QString name = date.isValid()
-            ? Captions::dayCellName(locale.toString(date, QLocale::LongFormat), date == today,
-                                    date == SelectedDate, language)
-            : QString();
-        if (button->accessibleName() != name)
-            button->setAccessibleName(name);
-    }
-}
-
-void CalendarMonthExtForm::applyMonthBounds(int year, int month)
-{
-    // A disabled button cannot keep the focus, so the focus leaves it first.
-    const auto applyBound = [this](QPushButton *button, bool atBound) {
-        if (atBound && button->isEnabled()) {
-            ButtUndo->setFocus();
-            button->setEnabled(false);
-        } else if (!atBound && !button->isEnabled()) {
-            button->setEnabled(true);
-        }
-    };
-    applyBound(ButtPrevMonth, DateRules::isFirstMonth(year, month));
-    applyBound(ButtNextMonth, DateRules::isLastMonth(year, month));
 }
 
 void CalendarMonthExtForm::SettingLabelesAndButtons()
@@ -237,6 +271,13 @@ void CalendarMonthExtForm::SettingLabelesAndButtons()
     LabelTodayVal->setText(LocaleFormats::shortDate(NowToMinute(clock).date()));
     LabelTimeVal->setText(LocaleFormats::longTime(NowToSecond(clock)));
     LabelDays->setText(Captions::pick(Captions::LabelDays, lang));
+    MainFormBuilder::nameControls(*this, lang);
+
+    // The scheme and picture in force, and the colours they share with the tooltip and shadow.
+    ApplySchemeColors(m_program.settings());
+    MainFormLook::apply(*this, s);
+    if (Shadow *shadow = ShadowForm())
+        shadow->setShadowColor(s.ShadowColor);
 }
 
 void CalendarMonthExtForm::TimerCheckAreaFormTick()
@@ -256,120 +297,15 @@ void CalendarMonthExtForm::TimerCheckAreaFormTick()
     }
 }
 
-int CalendarMonthExtForm::shownYear(bool *ok) const
+void CalendarMonthExtForm::ListClick(bool yearList)
 {
-    return ListYear->currentText().trimmed().toInt(ok);
-}
-
-int CalendarMonthExtForm::shownMonth() const
-{
-    return ListMonth->currentIndex() + 1;
-}
-
-void CalendarMonthExtForm::ButtPrevMonthClick()
-{
-    stepMonth(-1);
-}
-
-void CalendarMonthExtForm::ButtNextMonthClick()
-{
-    stepMonth(1);
-}
-
-void CalendarMonthExtForm::stepMonth(int months)
-{
-    ButtUndo->setEnabled(true);
-    // Going one way always makes the way back possible.
-    QPushButton *opposite = months > 0 ? ButtPrevMonth : ButtNextMonth;
-    if (!opposite->isEnabled())
-        opposite->setEnabled(true);
-    // A day pick has already put its target date in place.
-    if (!DaySelectBusy)
-        DisplayDate = DateRules::addMonths(DisplayDate, months);
-    HistoryStepLock = true;
-    UpdateCalendarDate();
-    HistoryStepLock = false;
-}
-
-void CalendarMonthExtForm::ListClick()
-{
-    if (m_program.IsBusy() || !LoadDone || ListChangeLock || HistoryStepLock)
+    if (m_program.IsBusy() || !LoadDone)
         return;
-    m_keys.resetListState(); // a choice was made, so Esc closes again
-    ButtUndo->setEnabled(true);
+    m_keys->table().resetListState(); // a choice was made, so Esc closes again
     bool ok = false;
-    const int year = shownYear(&ok);
-    // Day overflow runs on: 31 January with February chosen is early March, while the grid
-    // still shows February because the lists are not written back.
-    const QDate date = DateRules::dateSerial(year, shownMonth(), DisplayDate.day());
-    if (!ok || !date.isValid())
-        return;
-    DisplayDate = date;
-    ListChangeLock = true;
-    UpdateCalendarDate();
-    ListChangeLock = false;
-}
-
-void CalendarMonthExtForm::ButtDayGotFocus(int index)
-{
-    if (m_program.IsBusy() || DayFocusLock)
-        return;
-    ButtUndo->setEnabled(true);
-    ButtRedo->setEnabled(false);
-    DaySelectBusy = true;
-    const int day = m_grid.cell(index).day;
-    bool ok = false;
-    const int year = shownYear(&ok);
-    if (!ok) {
-        DaySelectBusy = false;
-        return;
-    }
-    if (day == 0) {
-        stepToNeighbourMonth(DateRules::cellDate(year, shownMonth(), m_grid.firstDayCell(), index));
-    } else {
-        DisplayDate = QDate(year, shownMonth(), day);
-        SelectedDate = DisplayDate;
-        DayFocusLock = true;
-        UpdateCalendarDate();
-        if (SelectedDate == TodayDate)
-            ButtUndo->setEnabled(false); // nothing to go back to
-        RedoDate = SelectedDate;
-        DayFocusLock = false;
-    }
-    DaySelectBusy = false;
-}
-
-bool CalendarMonthExtForm::stepToNeighbourMonth(QDate target)
-{
-    bool ok = false;
-    const int year = shownYear(&ok);
-    const bool forward = target > QDate(year, shownMonth(), 1);
-    QPushButton *button = forward ? ButtNextMonth : ButtPrevMonth;
-    if (!ok || !button->isEnabled())
-        return false; // at the bounds nothing moves
-    const bool wasBusy = DaySelectBusy;
-    DaySelectBusy = true; // the month step keeps the target date
-    DisplayDate = target;
-    stepMonth(forward ? 1 : -1);
-    DaySelectBusy = wasBusy;
-    // Focusing the target cell picks that day.
-    if (const int cell = m_grid.cellOf(target))
-        ButtDay[static_cast<std::size_t>(cell)]->setFocus(Qt::OtherFocusReason);
-    return true;
-}
-
-void CalendarMonthExtForm::moveDayFocus(int index, int offset)
-{
-    const int target = index + offset;
-    if (target >= 1 && target <= MonthGrid::CellCount) {
-        ButtDay[static_cast<std::size_t>(target)]->setFocus(Qt::OtherFocusReason);
-        return;
-    }
-    bool ok = false;
-    const int year = shownYear(&ok);
-    if (!ok || m_program.IsBusy())
-        return;
-    stepToNeighbourMonth(DateRules::cellDate(year, shownMonth(), m_grid.firstDayCell(), target));
+    const int year = ListYear->currentText().trimmed().toInt(&ok);
+    navigate(&CalendarNavigation::ListClick, ok ? year : 0, ListMonth->currentIndex() + 1,
+             yearList);
 }
 
 void CalendarMonthExtForm::wheelEvent(QWheelEvent *event)
@@ -381,52 +317,7 @@ void CalendarMonthExtForm::wheelEvent(QWheelEvent *event)
         return;
     }
     event->accept();
-    stepByWheel(event->angleDelta().y());
-}
-
-void CalendarMonthExtForm::stepByWheel(int angle)
-{
-    // Touchpads send small steps; a month moves per full notch. Up goes back in time.
-    m_wheelAngle += angle;
-    while (qAbs(m_wheelAngle) >= WheelNotch) {
-        const bool back = m_wheelAngle > 0;
-        m_wheelAngle += back ? -WheelNotch : WheelNotch;
-        QPushButton *button = back ? ButtPrevMonth : ButtNextMonth;
-        if (button->isEnabled())
-            back ? ButtPrevMonthClick() : ButtNextMonthClick();
-    }
-}
-
-void CalendarMonthExtForm::historyStep(const QDate &date)
-{
-    DisplayDate = date;
-    SelectedDate = DisplayDate;
-    HistoryStepLock = true;
-    DayFocusLock = false;
-    UpdateCalendarDate();
-    HistoryStepLock = false;
-    ButtFocus->setFocus();
-}
-
-void CalendarMonthExtForm::ButtUndoClick()
-{
-    if (!ButtUndo->isEnabled())
-        return;
-    // Today afresh, not the day the window was loaded on.
-    historyStep(m_program.clock().now().date());
-    ButtUndo->setEnabled(false);
-    if (!RedoDate.isNull())
-        ButtRedo->setEnabled(true);
-    refreshTaskbarTitle();
-}
-
-void CalendarMonthExtForm::ButtRedoClick()
-{
-    if (!ButtRedo->isEnabled())
-        return;
-    historyStep(RedoDate);
-    ButtRedo->setEnabled(false);
-    ButtUndo->setEnabled(true);
+    navigate(&CalendarNavigation::wheel, event->angleDelta().y());
 }
 
 void CalendarMonthExtForm::KnCopyClick()
@@ -434,8 +325,9 @@ void CalendarMonthExtForm::KnCopyClick()
     QClipboard *clipboard = QGuiApplication::clipboard();
     clipboard->clear();
     const QLocale locale;
-    clipboard->setText(LocaleFormats::shortDate(DisplayDate, locale) + QStringLiteral("  ")
-                       + locale.toString(DisplayDate, QLocale::LongFormat));
+    const QDate date = m_nav.DisplayDate;
+    clipboard->setText(LocaleFormats::shortDate(date, locale) + QStringLiteral("  ")
+                       + locale.toString(date, QLocale::LongFormat));
     ButtFocus->setFocus();
 }
 
@@ -457,7 +349,7 @@ void CalendarMonthExtForm::KnMinClick()
     if (!canTakeCommands())
         return;
     // The taskbar presence hides the shadow with the window and brings both back on restore.
-    if (TabAppForm *tabApp = m_program.windowBehaviour().tabApp())
+    if (TabAppForm *tabApp = WindowBehaviour::of(m_program).tabApp())
         tabApp->minimise();
     else
         showMinimized();
@@ -475,80 +367,7 @@ void CalendarMonthExtForm::refreshTaskbarTitle()
 {
     if (!LoadDone || !m_program.IsFormLoaded(QStringLiteral("TabAppForm"), false))
         return;
-    const Settings &s = m_program.settings();
-    setWindowTitle(Captions::isEnglish(s.Language) ? s.AppTitleEnglish : s.AppTitleRussian);
-}
-
-void CalendarMonthExtForm::showAuthorMessage()
-{
-    // Kept in pieces so that the line is not one plain string in the executable.
-    const char *pieces[] = { "QL", "V ", "Ca", "le", "nd", "ar", " L", "it", "e: ", "wr",
-                             "it", "te", "n ", "by", " i", "ts", " a", "ut", "ho",  "rs" };
-    QString text;
-    for (const char *piece : pieces)
-        text += QLatin1StringView(piece);
-    QMessageBox box(QMessageBox::NoIcon, QString(), text, QMessageBox::Ok, this);
-    box.setObjectName(QStringLiteral("AuthorMessage"));
-    box.exec();
-}
-
-bool CalendarMonthExtForm::runKeyCommand(KeyTable::Command command)
-{
-    switch (command) {
-    case KeyTable::Command::None:
-    case KeyTable::Command::EndListState:
-        return false;
-    case KeyTable::Command::Discard:
-        return true;
-    case KeyTable::Command::FocusOk:
-        KnOk->setFocus();
-        return true;
-    case KeyTable::Command::Close:
-        KnOkClick();
-        return true;
-    case KeyTable::Command::AuthorMessage:
-        showAuthorMessage();
-        return true;
-    case KeyTable::Command::About:
-        Q_EMIT aboutWindowRequested();
-        return true;
-    case KeyTable::Command::Settings:
-        Q_EMIT settingsWindowRequested();
-        return true;
-    case KeyTable::Command::NewInstance:
-        ButtNewClick();
-        return true;
-    }
-    return false;
-}
-
-bool CalendarMonthExtForm::eventFilter(QObject *watched, QEvent *event)
-{
-    const QEvent::Type type = event->type();
-    if (type == QEvent::Show && (watched == ListMonth->view() || watched == ListYear->view())) {
-        m_keys.listDroppedDown();
-        return false;
-    }
-    if (type != QEvent::KeyPress && type != QEvent::KeyRelease)
-        return false;
-    // Our own controls, and the drop-down of our lists, which is a window of its own.
-    auto *target = qobject_cast<QWidget *>(watched);
-    while (target && target != this)
-        target = target->parentWidget();
-    if (!target)
-        return false;
-    const auto *key = static_cast<QKeyEvent *>(event);
-    const bool mouseHeld = QGuiApplication::mouseButtons() != Qt::NoButton;
-    if (type == QEvent::KeyPress) {
-        // A held key repeats its press; the command waits for the one release.
-        if (key->isAutoRepeat())
-            return key->key() == Qt::Key_Escape;
-        const KeyTable::Command command = m_keys.keyDown(key->key(), key->modifiers(), mouseHeld);
-        return runKeyCommand(command);
-    }
-    if (key->isAutoRepeat())
-        return true;
-    return runKeyCommand(m_keys.keyUp(key->key(), key->modifiers(), mouseHeld));
+    setWindowTitle(AppTitle(m_program.settings()));
 }
 
 void CalendarMonthExtForm::closeEvent(QCloseEvent *event)

@@ -1,16 +1,18 @@
 #pragma once
 
+#include "CalendarNavigation.h"
 #include "KeyTable.h"
 #include "MonthGrid.h"
+#include "windowing/CommonWindow.h"
 
 #include <QDate>
-#include <QWidget>
 
 #include <array>
 #include <functional>
 
 class DayButton;
-class Program;
+class MainFormKeys;
+class ProgramState;
 class QComboBox;
 class QFrame;
 class QLabel;
@@ -18,40 +20,36 @@ class QPushButton;
 class QTimer;
 
 // The Main window: the month calendar.
-class CalendarMonthExtForm : public QWidget
+class CalendarMonthExtForm : public CommonWindow
 {
     Q_OBJECT
 
 public:
-    explicit CalendarMonthExtForm(Program &program, QWidget *parent = nullptr);
+    explicit CalendarMonthExtForm(ProgramState &program, QWidget *parent = nullptr);
     ~CalendarMonthExtForm() override;
 
-    // Places the window (saved position, or centred when asked) and shows it.
+    // Creates the Main window, places it (saved position, or centred when asked) and shows it.
+    static QWidget *showNew(ProgramState &program);
     void showAtStart();
 
-    // Rebuilds the grid for the month and year the lists show (after writing DisplayDate into
-    // them, unless a list started the rebuild) and refreshes the date labels and month buttons.
+    // Rebuilds the grid for the shown month (the month of DisplayDate, unless a list started the
+    // rebuild) and refreshes the lists, the date labels and the month buttons.
     void UpdateCalendarDate();
     // Sets every caption in the chosen language and the weekday labels in first-day order.
     void SettingLabelesAndButtons();
     // While set, a rebuild redraws only the days of the month.
-    void setPartialUpdate(bool partial) { m_partialUpdate = partial; }
+    void setPartialUpdate(bool partial) { m_nav.partialUpdate = partial; }
     // One tick of the clock: refreshes the time, and the grid when the date has changed.
-    void TimerCheckAreaFormTick();
+    void TimerCheckAreaFormTick() override;
 
-    const MonthGrid &grid() const { return m_grid; }
-    const KeyTable &keys() const { return m_keys; }
+    const MonthGrid &grid() const { return m_nav.grid(); }
+    // The dates, the history and the month buttons' state.
+    const CalendarNavigation &navigation() const { return m_nav; }
+    const KeyTable &keys() const;
 
     // Starts a program with no arguments; tests replace it.
     std::function<void(const QString &program)> startProgram;
 
-    QDate TodayDate; // today as of the window's load
-    QDate DisplayDate; // the grid shows this date's month
-    QDate SelectedDate; // marked in the grid
-    QDate RedoDate; // the last picked day; null until the first pick
-
-    QFrame *FrameMove = nullptr;
-    QPushButton *ButtFocus = nullptr;
     // Cells 1..42 as in the grid model; element 0 is unused.
     std::array<DayButton *, MonthGrid::CellCount + 1> ButtDay {};
     // Weekday labels 1..7, left to right; element 0 is unused.
@@ -80,8 +78,6 @@ public:
     QLabel *LabelDays = nullptr;
     QLabel *LabelSettings = nullptr;
     QLabel *LabelAbout = nullptr;
-    QTimer *TimerCheckAreaForm = nullptr;
-    QTimer *TimerKeyUp = nullptr;
 
 Q_SIGNALS:
     // Emitted at the end of every grid rebuild.
@@ -91,52 +87,38 @@ Q_SIGNALS:
     void aboutWindowRequested();
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void keyUpTimedOut() override;
     void wheelEvent(QWheelEvent *event) override;
 
 private:
+    friend class MainFormKeys; // runs the window's commands for its keys
     void createControls();
 
-    void ButtPrevMonthClick();
-    void ButtNextMonthClick();
-    void stepMonth(int months);
-    void ListClick();
-    void ButtDayGotFocus(int index);
-    void moveDayFocus(int index, int offset);
-    bool stepToNeighbourMonth(QDate target);
-    void stepByWheel(int angle);
+    // Runs a command of the navigation model and shows what it changed.
+    template<typename... Args, typename... Values>
+    void navigate(void (CalendarNavigation::*command)(Args...), Values... values)
+    {
+        (m_nav.*command)(values...);
+        showNavigation();
+    }
+    void showNavigation();
     void showGrid();
-    void applyMonthBounds(int year, int month);
-    int shownYear(bool *ok) const;
-    int shownMonth() const;
+    void ListClick(bool yearList);
 
-    // Shows and selects `date` for ButtUndo/ButtRedo, then parks the focus.
-    void historyStep(const QDate &date);
-    void ButtUndoClick();
-    void ButtRedoClick();
     void KnCopyClick();
     void ButtNewClick();
     void KnMinClick();
     void KnOkClick();
     bool canTakeCommands() const;
-    bool runKeyCommand(KeyTable::Command command);
-    void showAuthorMessage();
     void refreshTaskbarTitle();
 
-    Program &m_program;
-    MonthGrid m_grid;
+    ProgramState &m_program;
+    CalendarNavigation m_nav;
+    int m_rebuildsShown = -1;
     bool m_timeAmPm = true;
-    bool m_partialUpdate = false;
-    int m_wheelAngle = 0;
-
-    // Per-handler locks; see the handlers for what each keeps out.
     bool LoadDone = false;
-    bool DaySelectBusy = false;
-    bool DayFocusLock = false;
-    bool HistoryStepLock = false;
-    bool ListChangeLock = false;
 
-    KeyTable m_keys;
+    MainFormKeys *m_keys = nullptr;
     bool m_unloading = false;
 };

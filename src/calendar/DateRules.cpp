@@ -1,5 +1,7 @@
 #include "DateRules.h"
 
+#include <algorithm>
+
 namespace DateRules {
 
 QDate dateSerial(int year, int month, int day)
@@ -31,6 +33,11 @@ bool isLastMonth(int year, int month)
 bool isShownMonth(QDate date)
 {
     return date.isValid() && date.year() >= FirstYear && date.year() <= LastYear;
+}
+
+QDate clampToShown(QDate date)
+{
+    return std::clamp(date, QDate(FirstYear, 1, 1), QDate(LastYear, 12, 31));
 }
 
 int weekdayColumn(QDate date, bool weekStartsOnSunday)

@@ -22,6 +22,9 @@ bool isLastMonth(int year, int month);
 // Whether the month of `date` lies within the range the calendar shows.
 bool isShownMonth(QDate date);
 
+// `date` pulled into the range the calendar shows: 1 January 1900 to 31 December 2099.
+QDate clampToShown(QDate date);
+
 // The column (1..7) of `date` in a week that starts on Sunday or on Monday.
 int weekdayColumn(QDate date, bool weekStartsOnSunday);
 

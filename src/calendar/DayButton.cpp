@@ -1,6 +1,7 @@
 #include "DayButton.h"
 
 #include "appearance/BgrColor.h"
+#include "appearance/SchemePalette.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -41,6 +42,7 @@ const QStaticText &laidOut(const QString &caption, const QFont &font)
 DayButton::DayButton(int index, QWidget *parent)
     : QPushButton(parent)
     , m_index(index)
+    , m_palette(&SchemePalettes::forScheme({}))
 {
     setObjectName(QStringLiteral("ButtDay%1").arg(index));
     setProperty("index", index);
@@ -58,34 +60,56 @@ void DayButton::setBackColor(std::uint32_t bgr)
     update();
 }
 
+void DayButton::setToday(bool today)
+{
+    if (today == m_today)
+        return;
+    m_today = today;
+    update();
+}
+
+void DayButton::setScheme(const SchemePalette &palette)
+{
+    if (&palette == m_palette)
+        return;
+    m_palette = &palette;
+    update();
+}
+
 void DayButton::paintEvent(QPaintEvent *)
 {
     // Square cells drawn with plain fills: crisp at any scale, and cheap enough that a month
     // step repaints all 42 of them well within a frame.
     QPainter p(this);
     const QRect box = rect();
-    QColor back = colorFromBgr(m_backColor);
+    QColor back = colorFromBgr(m_palette->cellColor(m_backColor));
     if (isDown())
         back = back.darker(112);
     const bool blank = text().isEmpty();
-    QColor edge = back.darker(blank ? 108 : 125);
+    QColor edge =
+        m_palette->isDark() ? back.lighter(blank ? 112 : 135) : back.darker(blank ? 108 : 125);
     if (underMouse() && isEnabled())
-        edge = QColor(0x40, 0x60, 0xA0);
+        edge = colorFromBgr(m_palette->frame);
     p.fillRect(box, edge);
     p.fillRect(box.adjusted(1, 1, -1, -1), back);
-    if (hasFocus()) {
-        const QColor ring(0x20, 0x40, 0x90);
-        const QRect inner = box.adjusted(2, 2, -2, -2);
-        p.fillRect(inner.left(), inner.top(), inner.width(), 2, ring);
-        p.fillRect(inner.left(), inner.bottom() - 1, inner.width(), 2, ring);
-        p.fillRect(inner.left(), inner.top(), 2, inner.height(), ring);
-        p.fillRect(inner.right() - 1, inner.top(), 2, inner.height(), ring);
-    }
+    const auto ring = [&p](const QRect &r, const QColor &colour) {
+        p.fillRect(r.left(), r.top(), r.width(), 2, colour);
+        p.fillRect(r.left(), r.bottom() - 1, r.width(), 2, colour);
+        p.fillRect(r.left(), r.top(), 2, r.height(), colour);
+        p.fillRect(r.right() - 1, r.top(), 2, r.height(), colour);
+    };
+    if (m_today)
+        ring(box, colorFromBgr(m_palette->todayMark));
+    if (hasFocus())
+        ring(box.adjusted(3, 3, -3, -3), colorFromBgr(m_palette->frame));
     if (blank)
         return;
     const QStaticText &caption = laidOut(text(), font());
     p.setFont(font());
-    p.setPen(isEnabled() ? QColor(0x10, 0x10, 0x10) : QColor(0x80, 0x80, 0x80));
+    QColor ink = colorFromBgr(m_palette->cellText);
+    if (!isEnabled())
+        ink.setAlphaF(0.5);
+    p.setPen(ink);
     const QSizeF size = caption.size();
     p.drawStaticText(QPointF((box.width() - size.width()) / 2, (box.height() - size.height()) / 2),
                      caption);

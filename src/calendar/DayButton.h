@@ -4,7 +4,9 @@
 
 #include <cstdint>
 
-// One cell of the month grid: a flat button painted in its back colour.
+struct SchemePalette;
+
+// One cell of the month grid: a flat button painted in the scheme's colour for its back colour.
 class DayButton : public QPushButton
 {
     Q_OBJECT
@@ -16,6 +18,10 @@ public:
     int index() const { return m_index; }
     std::uint32_t backColor() const { return m_backColor; }
     void setBackColor(std::uint32_t bgr);
+    // Today's cell carries a ring of its own, so that it shows beside a selected day.
+    bool isToday() const { return m_today; }
+    void setToday(bool today);
+    void setScheme(const SchemePalette &palette);
 
 Q_SIGNALS:
     void focusGained(int index, Qt::FocusReason reason);
@@ -33,4 +39,6 @@ protected:
 private:
     int m_index;
     std::uint32_t m_backColor = 0xE0E0E0;
+    bool m_today = false;
+    const SchemePalette *m_palette;
 };

@@ -10,54 +10,73 @@ bool isModifierKey(int key)
         || key == Qt::Key_Meta || key == Qt::Key_AltGr;
 }
 
+bool isEnter(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
 } // namespace
+
+void KeyTable::keyUpTimedOut()
+{
+    KeyIsDown = false;
+    ListEscFlag = false;
+    m_heldKey = 0;
+}
 
 KeyTable::Command KeyTable::keyDown(int key, Qt::KeyboardModifiers modifiers, bool mouseButtonHeld)
 {
     if (mouseButtonHeld)
         return Command::Discard;
-    if (isModifierKey(key))
-        return Command::None;
+    if (isModifierKey(key) || key == m_heldKey)
+        return Command::None; // a repeat: the command went with the first press
     const bool ctrl = modifiers & Qt::ControlModifier;
     const bool alt = modifiers & Qt::AltModifier;
     const bool shift = modifiers & Qt::ShiftModifier;
     CtrlAtKeyDown = ctrl;
     KeyIsDown = true;
+    m_heldKey = key;
     if (KeySuppress)
         return Command::None;
-    if (key == Qt::Key_Escape && !ListDropFlag)
+    if ((key == Qt::Key_Escape || key == Qt::Key_F4) && ListDropFlag && !ctrl && !alt) {
+        // The open list takes this key and closes; its release must not close the window.
+        ListEscFlag = true;
+        return Command::None;
+    }
+    if (key == Qt::Key_Escape)
         return Command::FocusOk;
-    if ((key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F4) && (ctrl || alt)) {
+    if ((isEnter(key) || key == Qt::Key_F4) && (ctrl || alt)) {
         // Closing at key-down: the matching key-up must not act again.
         KeyIsDown = false;
         return Command::Close;
     }
     if ((key == Qt::Key_Q || key == Qt::Key_X) && alt)
-        return Command::Close;
+        return Command::Quit;
     if (key == Qt::Key_I && ctrl && alt && shift)
         return Command::AuthorMessage;
+    if (isEnter(key))
+        return Command::Activate;
     return Command::None;
 }
 
-KeyTable::Command KeyTable::keyUp(int key, Qt::KeyboardModifiers modifiers, bool mouseButtonHeld)
+KeyTable::Command KeyTable::keyUp(int key, Qt::KeyboardModifiers modifiers, bool mouseButtonHeld,
+                                  bool keyStillDown)
 {
-    if (mouseButtonHeld || !KeyIsDown || isModifierKey(key))
+    if (mouseButtonHeld || key != m_heldKey || keyStillDown)
+        return Command::None;
+    m_heldKey = 0;
+    if (!KeyIsDown)
         return Command::None;
     KeyIsDown = false;
     KeySuppress = false;
     switch (key) {
     case Qt::Key_F4:
-        if (ListEscFlag) {
-            resetListState();
-            return Command::EndListState;
-        }
-        return Command::None;
     case Qt::Key_Escape:
         if (ListEscFlag) {
-            resetListState();
+            ListEscFlag = false;
             return Command::EndListState;
         }
-        return Command::Close;
+        return key == Qt::Key_Escape ? Command::Close : Command::None;
     case Qt::Key_F1:
         return Command::About;
     case Qt::Key_F9:

@@ -2,9 +2,11 @@
 
 #include <Qt>
 
-// The Main window's keyboard commands. Commands fire on key-down or key-up as the table says;
-// a key-up fires only after a key-down this window saw, so a key pressed elsewhere or auto-
-// repeated does not fire twice.
+// The Main window's keyboard commands. Commands fire on key-down or key-up as the table says,
+// and only once per hold: X repeats a held key as press/release pairs, so a press of the key
+// already held is a repeat, and a release while the keyboard still reports the key down is the
+// first half of a repeat pair, not the real release. A key-up fires only after a key-down this
+// window saw.
 class KeyTable
 {
 public:
@@ -13,6 +15,8 @@ public:
         Discard, // a mouse button is held: the key is dropped
         FocusOk, // Esc down: the focus goes to KnOk, ready to close on release
         Close,
+        Quit, // Alt+Q, Alt+X: close as the program's quit keys
+        Activate, // Enter: click the focused command button
         AuthorMessage,
         About,
         Settings,
@@ -21,11 +25,15 @@ public:
     };
 
     Command keyDown(int key, Qt::KeyboardModifiers modifiers, bool mouseButtonHeld);
-    Command keyUp(int key, Qt::KeyboardModifiers modifiers, bool mouseButtonHeld);
+    // `keyStillDown`: the keyboard reports the key as held at this release.
+    Command keyUp(int key, Qt::KeyboardModifiers modifiers, bool mouseButtonHeld,
+                  bool keyStillDown = false);
     // The key-up never came (focus left, or the release went elsewhere).
-    void keyUpTimedOut() { KeyIsDown = false; }
-    // A list dropped down: Esc now ends the list state instead of closing.
-    void listDroppedDown() { ListDropFlag = ListEscFlag = true; }
+    void keyUpTimedOut();
+    // A list's drop-down opened or closed, by whatever means. While it is open, Esc and F4
+    // belong to the list, and so do their releases.
+    void listDroppedDown() { ListDropFlag = true; }
+    void listClosedUp() { ListDropFlag = false; }
     void resetListState() { ListDropFlag = ListEscFlag = false; }
 
     bool KeyIsDown = false;
@@ -33,4 +41,7 @@ public:
     bool ListDropFlag = false;
     bool ListEscFlag = false;
     bool KeySuppress = false;
+
+private:
+    int m_heldKey = 0; // the key whose real release is awaited; 0 when none
 };

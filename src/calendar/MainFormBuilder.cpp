@@ -5,8 +5,11 @@
 #include "DayButton.h"
 #include "MainFormLayout.h"
 #include "appearance/CaptionLabel.h"
-#include "appearance/VectorIcon.h"
+#include "appearance/Captions.h"
+#include "appearance/PictureButton.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QComboBox>
 #include <QFrame>
 #include <QLabel>
@@ -31,13 +34,12 @@ QLabel *label(QWidget *parent, const char *name, const QRect &geometry,
     return l;
 }
 
-QPushButton *iconButton(QWidget *parent, const char *name, const QRect &geometry,
-                        VectorIcon::Shape shape)
+PictureButton *pictureButton(QWidget *parent, const char *name, const QRect &geometry,
+                             ButtonArt::Picture picture)
 {
-    auto *b = named<QPushButton>(parent, name, geometry);
-    b->setIcon(VectorIcon::icon(shape));
-    const int side = qMin(geometry.width(), geometry.height()) - 8;
-    b->setIconSize(QSize(side, side));
+    auto *b = new PictureButton(picture, parent);
+    b->setObjectName(QString::fromLatin1(name));
+    b->setGeometry(geometry);
     b->setFocusPolicy(Qt::StrongFocus);
     return b;
 }
@@ -51,43 +53,103 @@ void setBold(QWidget *w, qreal pointSize = 0)
     w->setFont(f);
 }
 
+// The window reads as a named window, not as a bare panel.
+class MainWindowAccessible : public QAccessibleWidget
+{
+public:
+    explicit MainWindowAccessible(QWidget *window)
+        : QAccessibleWidget(window, QAccessible::Window)
+    { }
+};
+
+// ButtFocus holds the focus between commands; a screen reader that follows the focus there reads
+// the selected date instead of nothing.
+class FocusHolderAccessible : public QAccessibleWidget
+{
+public:
+    explicit FocusHolderAccessible(QWidget *button)
+        : QAccessibleWidget(button, QAccessible::StaticText)
+    { }
+    QString text(QAccessible::Text t) const override
+    {
+        if (t != QAccessible::Name)
+            return QAccessibleWidget::text(t);
+        const auto *form = static_cast<const CalendarMonthExtForm *>(widget()->parentWidget());
+        return form->LabelActDate2->text() + QLatin1Char(' ') + form->LabelActDate2Val->text();
+    }
+};
+
+QAccessibleInterface *accessibleFor(const QString &className, QObject *object)
+{
+    if (className == QStringLiteral("CalendarMonthExtForm"))
+        return new MainWindowAccessible(static_cast<QWidget *>(object));
+    if (className == QStringLiteral("QPushButton")
+        && object->objectName() == QStringLiteral("ButtFocus")
+        && qobject_cast<CalendarMonthExtForm *>(object->parent())) {
+        return new FocusHolderAccessible(static_cast<QWidget *>(object));
+    }
+    return nullptr;
+}
+
 } // namespace
 
 namespace MainFormBuilder {
+
+void nameControls(CalendarMonthExtForm &form, const QString &language)
+{
+    for (const Captions::ControlName &control : Captions::ControlNames) {
+        if (auto *w = form.findChild<QWidget *>(QLatin1StringView(control.objectName),
+                                                Qt::FindDirectChildrenOnly)) {
+            // On Linux a list reads its current text as its name, so what it chooses goes into
+            // its description (and the month list is labelled by "Month:").
+            if (qobject_cast<QComboBox *>(w))
+                w->setAccessibleDescription(Captions::pick(control.name, language));
+            else
+                w->setAccessibleName(Captions::pick(control.name, language));
+        }
+    }
+}
+
+QList<QWidget *> dragLabels(const CalendarMonthExtForm &form)
+{
+    QList<QWidget *> labels { form.LabelActDate,     form.LabelMonth,       form.LabelToday,
+                              form.LabelTodayVal,    form.LabelTime,        form.LabelTimeVal,
+                              form.LabelActDate2,    form.LabelActDate2Val, form.LabelLeftDays,
+                              form.LabelLeftDaysVal, form.LabelDays };
+    for (int column = 1; column <= MonthGrid::ColumnCount; ++column)
+        labels.append(form.LabelWeekDay[static_cast<std::size_t>(column)]);
+    return labels;
+}
 
 void createControls(CalendarMonthExtForm &form)
 {
     using L = MainFormLayout;
     QWidget *w = &form;
-
-    // The body behind every control; dragging attaches to it.
-    form.FrameMove = named<QFrame>(w, "FrameMove", w->rect());
-    form.FrameMove->setFrameShape(QFrame::Box);
-    form.FrameMove->setAutoFillBackground(true);
-    QPalette body = form.FrameMove->palette();
-    body.setColor(QPalette::Window, QColor(0xF3, 0xF5, 0xF8));
-    body.setColor(QPalette::WindowText, QColor(0x7A, 0x8A, 0xA0));
-    form.FrameMove->setPalette(body);
-
-    form.ButtFocus = named<QPushButton>(w, "ButtFocus", QRect(-40, -40, 1, 1));
+    static const bool factoryInstalled = [] {
+        QAccessible::installFactory(accessibleFor);
+        return true;
+    }();
+    Q_UNUSED(factoryInstalled);
 
     form.LabelActDate = label(w, "LabelActDate", L::LabelActDate);
     setBold(form.LabelActDate, 12);
-    form.KnCopy = iconButton(w, "KnCopy", L::KnCopy, VectorIcon::Shape::Copy);
-    form.KnMin = iconButton(w, "KnMin", L::KnMin, VectorIcon::Shape::Minimise);
-    form.KnClose = iconButton(w, "KnClose", L::KnClose, VectorIcon::Shape::Close);
+    form.KnCopy = pictureButton(w, "KnCopy", L::KnCopy, ButtonArt::Picture::Copy);
+    form.KnMin = pictureButton(w, "KnMin", L::KnMin, ButtonArt::Picture::Minimise);
+    form.KnClose = pictureButton(w, "KnClose", L::KnClose, ButtonArt::Picture::Close);
 
     form.LabelMonth = label(w, "LabelMonth", L::LabelMonth);
     form.ButtPrevMonth =
-        iconButton(w, "ButtPrevMonth", L::ButtPrevMonth, VectorIcon::Shape::Previous);
+        pictureButton(w, "ButtPrevMonth", L::ButtPrevMonth, ButtonArt::Picture::PreviousMonth);
     form.ListMonth = named<QComboBox>(w, "ListMonth", L::ListMonth);
     form.ListMonth->setMaxVisibleItems(12);
+    form.LabelMonth->setBuddy(form.ListMonth);
     form.ListYear = named<QComboBox>(w, "ListYear", L::ListYear);
     for (int year = DateRules::FirstYear; year <= DateRules::LastYear; ++year)
         form.ListYear->addItem(QStringLiteral("%1").arg(year, 4, 10, QLatin1Char('0')));
-    form.ButtNextMonth = iconButton(w, "ButtNextMonth", L::ButtNextMonth, VectorIcon::Shape::Next);
-    form.ButtUndo = iconButton(w, "ButtUndo", L::ButtUndo, VectorIcon::Shape::Undo);
-    form.ButtRedo = iconButton(w, "ButtRedo", L::ButtRedo, VectorIcon::Shape::Redo);
+    form.ButtNextMonth =
+        pictureButton(w, "ButtNextMonth", L::ButtNextMonth, ButtonArt::Picture::NextMonth);
+    form.ButtUndo = pictureButton(w, "ButtUndo", L::ButtUndo, ButtonArt::Picture::Undo);
+    form.ButtRedo = pictureButton(w, "ButtRedo", L::ButtRedo, ButtonArt::Picture::Redo);
 
     for (int column = 1; column <= MonthGrid::ColumnCount; ++column) {
         QLabel *day = label(w, "LabelWeekDay", L::weekdayLabel(column), Qt::AlignCenter);
@@ -115,24 +177,17 @@ void createControls(CalendarMonthExtForm &form)
          { form.LabelTodayVal, form.LabelTimeVal, form.LabelActDate2Val, form.LabelLeftDaysVal }) {
         setBold(value, 10);
     }
-    QPalette captions = form.LabelToday->palette();
-    captions.setColor(QPalette::WindowText, QColor(0x4A, 0x55, 0x68));
-    for (QLabel *caption : { form.LabelToday, form.LabelTime, form.LabelActDate2,
-                             form.LabelLeftDays, form.LabelDays, form.LabelMonth })
-        caption->setPalette(captions);
-
     form.LabelSettings = label(w, "LabelSettings", L::LabelSettings);
     form.LabelAbout = label(w, "LabelAbout", L::LabelAbout);
-    QPalette link = form.LabelSettings->palette();
-    link.setColor(QPalette::WindowText, QColor(0x1A, 0x4F, 0xA8));
     for (QLabel *l : { form.LabelSettings, form.LabelAbout }) {
-        l->setPalette(link);
+        l->setAttribute(Qt::WA_Hover);
         l->setCursor(Qt::PointingHandCursor);
     }
 
-    form.ButtNew = iconButton(w, "ButtNew", L::ButtNew, VectorIcon::Shape::New);
-    form.KnOk = iconButton(w, "KnOk", L::KnOk, VectorIcon::Shape::Ok);
+    form.ButtNew = pictureButton(w, "ButtNew", L::ButtNew, ButtonArt::Picture::New);
+    form.KnOk = pictureButton(w, "KnOk", L::KnOk, ButtonArt::Picture::Ok);
     form.KnOk->setText(QStringLiteral("OK"));
+    static_cast<PictureButton *>(form.KnOk)->setWord(form.KnOk->text());
 }
 
 } // namespace MainFormBuilder

@@ -28,3 +28,17 @@ QRect MainFormLayout::gridArea()
 {
     return dayCell(1).united(dayCell(MonthGrid::CellCount));
 }
+
+QList<QRect> MainFormLayout::textAreas()
+{
+    QList<QRect> areas {
+        LabelActDate,     KnCopy,    KnMin,         KnClose,       LabelMonth,       ButtPrevMonth,
+        ListMonth,        ListYear,  ButtNextMonth, ButtUndo,      ButtRedo,         LabelToday,
+        LabelTodayVal,    LabelTime, LabelTimeVal,  LabelActDate2, LabelActDate2Val, LabelLeftDays,
+        LabelLeftDaysVal, LabelDays, LabelSettings, LabelAbout,    ButtNew,          KnOk
+    };
+    for (int column = 1; column <= MonthGrid::ColumnCount; ++column)
+        areas.append(weekdayLabel(column));
+    areas.append(gridArea());
+    return areas;
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QRect>
 
 // Where the Main window's controls sit, in logical pixels of the 400 x 273 window. Plain
@@ -18,6 +19,8 @@ struct MainFormLayout
     static QRect weekdayLabel(int column);
     // The area of the cells alone.
     static QRect gridArea();
+    // Every rectangle where text or a control stands: a background picture is veiled under them.
+    static QList<QRect> textAreas();
 
     static constexpr QRect LabelActDate { Margin, 4, 236, 26 };
     static constexpr QRect KnCopy { 318, 6, 22, 22 };

@@ -77,3 +77,8 @@ QDate MonthGrid::dateOf(int index) const
         return {};
     return QDate(m_year, m_month, cell(index).day);
 }
+
+QDate MonthGrid::placeOf(int index) const
+{
+    return QDate(m_year, m_month, 1).addDays(index - m_firstDayCell);
+}

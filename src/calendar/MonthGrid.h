@@ -60,6 +60,8 @@ public:
     int cellOf(QDate date) const;
     // The date a cell shows, or a null date for a blank cell.
     QDate dateOf(int index) const;
+    // The date in a cell's place: its day, or for a blank cell the neighbouring month's day.
+    QDate placeOf(int index) const;
 
 private:
     std::array<Cell, CellCount> m_cells {};

@@ -2,6 +2,7 @@
 
 #include "app/Settings.h"
 
+#include <QList>
 #include <QPoint>
 #include <QRect>
 #include <QSize>
@@ -23,7 +24,8 @@ inline int pixelsToTwips(int pixels)
 QPoint centredTopLeft(const QRect &screen, const QSize &size);
 
 // The top-left corner for a stored position (twips), moved just enough to keep the whole window
-// on `screen` so that a position saved on a larger screen never leaves it out of reach.
-QPoint keptOnScreen(const QPoint &storedTwips, const QSize &size, const QRect &screen);
+// on the screen that shows most of it (the first, the primary, when none shows any), so that a
+// position saved with a larger or another screen never leaves it out of reach.
+QPoint keptOnScreen(const QPoint &storedTwips, const QSize &size, const QList<QRect> &screens);
 
 } // namespace Placement

@@ -1,27 +1,49 @@
 #include "Shadow.h"
 
 #include "LayeredWindows.h"
+#include "appearance/BgrColor.h"
 
 #include <QGuiApplication>
 #include <QPaintEvent>
 #include <QPainter>
 
-#include <cstring>
 #include <xcb/xcb.h>
 
 namespace {
 
-// Asks the X server (or the window manager, which intercepts the request for managed windows)
-// to stack `lower` directly below `upper`.
-bool restackBelowOnX11(QWidget *lower, QWidget *upper)
+// The child of the root window that holds `window`: the window itself without a window manager,
+// the manager's frame around it with one.
+xcb_window_t topLevelOf(xcb_connection_t *connection, xcb_window_t window)
+{
+    for (int depth = 0; depth < 8; ++depth) {
+        xcb_query_tree_reply_t *tree =
+            xcb_query_tree_reply(connection, xcb_query_tree(connection, window), nullptr);
+        if (!tree)
+            return XCB_NONE;
+        const bool atTop = tree->parent == tree->root || tree->parent == XCB_NONE;
+        const xcb_window_t parent = tree->parent;
+        free(tree);
+        if (atTop)
+            return window;
+        window = parent;
+    }
+    return XCB_NONE;
+}
+
+// Stacks `shadow` directly below the top-level window that holds `owner`. The shadow bypasses
+// the window manager, so the request goes straight to the server.
+bool restackBelowOnX11(QWidget *shadow, QWidget *owner)
 {
     auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (!x11 || !x11->connection())
         return false;
     xcb_connection_t *connection = x11->connection();
-    const uint32_t values[] = { static_cast<uint32_t>(upper->winId()), XCB_STACK_MODE_BELOW };
+    const xcb_window_t sibling = topLevelOf(connection, static_cast<xcb_window_t>(owner->winId()));
+    if (sibling == XCB_NONE)
+        return false;
+    const uint32_t values[] = { sibling, XCB_STACK_MODE_BELOW };
     const xcb_void_cookie_t cookie = xcb_configure_window_checked(
-        connection, static_cast<xcb_window_t>(lower->winId()),
+        connection, static_cast<xcb_window_t>(shadow->winId()),
         XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE, values);
     // Collect a failure (the owner not yet mapped, say) here so that nothing is printed.
     if (xcb_generic_error_t *error = xcb_request_check(connection, cookie)) {
@@ -31,40 +53,15 @@ bool restackBelowOnX11(QWidget *lower, QWidget *upper)
     return true;
 }
 
-xcb_atom_t internAtom(xcb_connection_t *connection, const char *name)
-{
-    xcb_intern_atom_reply_t *reply = xcb_intern_atom_reply(
-        connection, xcb_intern_atom(connection, 0, uint16_t(strlen(name)), name), nullptr);
-    const xcb_atom_t atom = reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
-    free(reply);
-    return atom;
-}
-
-// Keeps a window out of the taskbar and the pager. Qt adds its own states to these when it maps
-// the window, so this must come before.
-void skipTaskbarOnX11(QWidget *window)
-{
-    auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11 || !x11->connection())
-        return;
-    xcb_connection_t *connection = x11->connection();
-    const xcb_atom_t states[] = { internAtom(connection, "_NET_WM_STATE_SKIP_TASKBAR"),
-                                  internAtom(connection, "_NET_WM_STATE_SKIP_PAGER") };
-    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, xcb_window_t(window->winId()),
-                        internAtom(connection, "_NET_WM_STATE"), XCB_ATOM_ATOM, 32, 2, states);
-}
-
 } // namespace
-
-QColor colorFromBgr(std::uint32_t bgr)
-{
-    return QColor(int(bgr & 0xff), int((bgr >> 8) & 0xff), int((bgr >> 16) & 0xff));
-}
 
 Shadow::Shadow(std::uint32_t colorBgr)
     : QWidget(nullptr,
-              Qt::Tool | Qt::FramelessWindowHint | Qt::WindowTransparentForInput
-                  | Qt::WindowDoesNotAcceptFocus)
+              // Not a tool window: window managers keep those above their group's windows.
+              // Left to itself it is in no taskbar, pager or window list, and only this
+              // program stacks it.
+              Qt::Window | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint
+                  | Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus)
     , m_colorBgr(colorBgr)
 {
     setObjectName(QStringLiteral("Shadow"));
@@ -82,14 +79,6 @@ void Shadow::setShadowColor(std::uint32_t colorBgr)
         return;
     m_colorBgr = colorBgr;
     update();
-}
-
-void Shadow::showEvent(QShowEvent *event)
-{
-    // The native window may have been made anew for new flags, so this is done at every show.
-    if (QGuiApplication::platformName() == QStringLiteral("xcb"))
-        skipTaskbarOnX11(this);
-    QWidget::showEvent(event);
 }
 
 void Shadow::paintEvent(QPaintEvent *event)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "appearance/BgrColor.h"
+
 #include <QWidget>
 
 #include <cstdint>
@@ -21,7 +23,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void showEvent(QShowEvent *event) override;
 
 private:
     std::uint32_t m_colorBgr;
@@ -31,6 +32,3 @@ private:
 // shadow is shown when hidden and, on X11, restacked as the window's sibling. Returns false when
 // there was nothing to do it with.
 bool PutAboveShadow(QWidget *window, Shadow *shadow);
-
-// The BGR integers of the settings as a colour.
-QColor colorFromBgr(std::uint32_t bgr);

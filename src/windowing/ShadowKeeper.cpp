@@ -104,6 +104,12 @@ bool ShadowKeeper::eventFilter(QObject *watched, QEvent *event)
     case QEvent::Hide:
         m_shadow->hide();
         break;
+    case QEvent::WindowActivate:
+        // Activation usually comes with a raise by the window manager, which may follow it;
+        // this also settles the stacking at start, once the window is mapped.
+        restack();
+        QTimer::singleShot(RaiseSettleMs, this, &ShadowKeeper::restack);
+        break;
     case QEvent::WindowStateChange:
         if (m_window->isMinimized())
             m_shadow->hide();

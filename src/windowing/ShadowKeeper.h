@@ -18,6 +18,7 @@ class ShadowKeeper : public QObject
 public:
     static constexpr int FirstUpkeepMs = 2500;
     static constexpr int UpkeepMs = 1610;
+    static constexpr int RaiseSettleMs = 150;
 
     ShadowKeeper(WindowBehaviour &behaviour, QWidget *window, bool isMainWindow);
     ~ShadowKeeper() override;

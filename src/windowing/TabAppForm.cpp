@@ -2,7 +2,7 @@
 
 #include "Shadow.h"
 #include "WindowBehaviour.h"
-#include "app/Program.h"
+#include "app/ProgramState.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -24,7 +24,7 @@ bool isProgramWindow(const QWidget *widget)
 
 } // namespace
 
-TabAppForm::TabAppForm(Program &program, WindowBehaviour &behaviour, QWidget *mainWindow)
+TabAppForm::TabAppForm(ProgramState &program, WindowBehaviour &behaviour, QWidget *mainWindow)
     : QObject(mainWindow)
     , m_program(program)
     , m_behaviour(behaviour)
@@ -51,8 +51,7 @@ TabAppForm::~TabAppForm()
 
 QString TabAppForm::TabFormCaption() const
 {
-    const Settings &s = m_program.settings();
-    return s.Language != QStringLiteral("English") ? s.AppTitleRussian : s.AppTitleEnglish;
+    return AppTitle(m_program.settings());
 }
 
 void TabAppForm::refreshCaption()

@@ -5,7 +5,7 @@
 #include <QString>
 #include <QWidget>
 
-class Program;
+class ProgramState;
 class QTimer;
 class QWindow;
 class WindowBehaviour;
@@ -20,7 +20,7 @@ class TabAppForm : public QObject
 public:
     static constexpr int LockMoveMs = 1500;
 
-    TabAppForm(Program &program, WindowBehaviour &behaviour, QWidget *mainWindow);
+    TabAppForm(ProgramState &program, WindowBehaviour &behaviour, QWidget *mainWindow);
     ~TabAppForm() override;
 
     // The caption by Language: the Russian title unless the language is "English".
@@ -45,7 +45,7 @@ private:
     void focusWindowChanged(QWindow *window);
     void lockMove();
 
-    Program &m_program;
+    ProgramState &m_program;
     WindowBehaviour &m_behaviour;
     QPointer<QWidget> m_mainWindow;
     QPointer<QWidget> m_lastActive;

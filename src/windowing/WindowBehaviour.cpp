@@ -6,7 +6,8 @@
 #include "ShadowKeeper.h"
 #include "TabAppForm.h"
 #include "WindowGuard.h"
-#include "app/Program.h"
+#include "app/ProgramState.h"
+#include "appearance/BgrColor.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -17,7 +18,6 @@
 
 namespace {
 
-const QString Basic = QStringLiteral("Basic");
 const QString No = QStringLiteral("No");
 
 // A window as the drag arithmetic sees it.
@@ -114,13 +114,6 @@ private:
 
 } // namespace
 
-QString DecideShadowMode(bool layeredWindows, const QString &platformName)
-{
-    if (!layeredWindows || platformName.startsWith(QStringLiteral("wayland")))
-        return No;
-    return Basic;
-}
-
 Shadow *ShadowForm(const QWidget *window)
 {
     const ShadowKeeper *keeper = keeperOf(window);
@@ -158,8 +151,26 @@ void Attention(QAbstractButton *control, int count, std::uint32_t colorBgr)
     QApplication::alert(control->window());
 }
 
-WindowBehaviour::WindowBehaviour(Program &program)
-    : m_program(program)
+WindowBehaviour &WindowBehaviour::of(ProgramState &program)
+{
+    auto *behaviour = program.findChild<WindowBehaviour *>(QString(), Qt::FindDirectChildrenOnly);
+    if (behaviour)
+        return *behaviour;
+    if (!program.formsList) {
+        program.formsList = [] {
+            QStringList names;
+            const QWidgetList windows = QApplication::topLevelWidgets();
+            for (const QWidget *w : windows)
+                names.append(w->objectName());
+            return names;
+        };
+    }
+    return *new WindowBehaviour(program);
+}
+
+WindowBehaviour::WindowBehaviour(ProgramState &program)
+    : QObject(&program)
+    , m_program(program)
 { }
 
 WindowBehaviour::~WindowBehaviour() = default;
@@ -171,8 +182,8 @@ QString WindowBehaviour::ShadowMode() const
 
 std::uint32_t WindowBehaviour::shadowColor() const
 {
-    const std::uint32_t color = m_program.settings().ShadowColor;
-    return color ? color : Shadow::DefaultShadowColor;
+    // 0 is black, a colour like any other; start-up sets the grey.
+    return m_program.settings().ShadowColor;
 }
 
 void WindowBehaviour::attachWindow(QWidget *window, QWidget *frameMove)
@@ -189,6 +200,12 @@ void WindowBehaviour::attachMainWindow(QWidget *window, QWidget *frameMove)
 {
     attachWindow(window, frameMove);
     m_tabApp = new TabAppForm(m_program, *this, window);
+}
+
+void WindowBehaviour::addDragArea(QWidget *window, QWidget *area)
+{
+    if (window && area)
+        new DragArea(*this, window, area);
 }
 
 void WindowBehaviour::DragAreaMouseMove(QWidget *window, int button, const PointerSource &pointer)
@@ -264,7 +281,7 @@ void WindowBehaviour::applySettings()
     if (ShadowKeeper *keeper = keeperOf(main)) {
         keeper->setShadowOn(ShadowMode() != No);
         if (Shadow *shadow = keeper->ShadowForm())
-            shadow->setShadowColor(s.ShadowColor);
+            shadow->setShadowColor(shadowColor());
     }
     m_tabApp->refreshCaption();
 }

@@ -9,14 +9,10 @@
 
 #include <cstdint>
 
-class Program;
+class ProgramState;
 class QAbstractButton;
 class QWidget;
 class Shadow;
-
-// "Basic" when translucent windows work and the program may place its own windows, else "No".
-// A native Wayland session composites but lets no client place a window, so it gets no shadows.
-QString DecideShadowMode(bool layeredWindows, const QString &platformName);
 
 // The shadow of a shadowed window, or null.
 Shadow *ShadowForm(const QWidget *window);
@@ -38,7 +34,8 @@ class WindowBehaviour : public QObject
     Q_OBJECT
 
 public:
-    explicit WindowBehaviour(Program &program);
+    // The one instance of the run, kept by the program state and created on first use.
+    static WindowBehaviour &of(ProgramState &program);
     ~WindowBehaviour() override;
 
     DragState &drag() { return m_drag; }
@@ -54,6 +51,8 @@ public:
     void attachWindow(QWidget *window, QWidget *frameMove);
     // attachWindow for the Main window, which also owns the program's taskbar entry.
     void attachMainWindow(QWidget *window, QWidget *frameMove);
+    // Lets a label that lies on the drag frame drag `window` as the frame does.
+    void addDragArea(QWidget *window, QWidget *area);
     TabAppForm *tabApp() const { return m_tabApp; }
 
     // The single entry of dragging: the button value of a move over a drag area (0 none,
@@ -80,7 +79,9 @@ public:
     void shadowLoaded(bool loaded);
 
 private:
-    Program &m_program;
+    explicit WindowBehaviour(ProgramState &program);
+
+    ProgramState &m_program;
     DragState m_drag;
     int m_shadowsLoaded = 0;
     QPointer<TabAppForm> m_tabApp;

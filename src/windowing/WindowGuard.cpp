@@ -3,7 +3,6 @@
 #include "WindowBehaviour.h"
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QTimer>
 #include <QWidget>
 
@@ -56,9 +55,8 @@ bool WindowGuard::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::KeyPress || !watched->isWidgetType())
         return false;
-    if (static_cast<QWidget *>(watched)->window() == m_window
-        && !static_cast<QKeyEvent *>(event)->isAutoRepeat()) {
+    // Repeats count too: a key held down is not a key whose release went missing.
+    if (static_cast<QWidget *>(watched)->window() == m_window)
         keyDown();
-    }
     return false;
 }

@@ -6,156 +6,117 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
+#include <map>
+#include <sstream>
 
 namespace {
 
-using Command = KeyTable::Command;
-
-enum class Step { Down, Up, DownMouseHeld, UpMouseHeld, ListDrops, TimeOut, Suppress };
-
-struct Event
-{
-    Step step;
-    int key = 0;
-    Qt::KeyboardModifiers modifiers = Qt::NoModifier;
-    Command expected = Command::None;
-};
+using C = KeyTable::Command;
 
 struct SequenceRow
 {
     const char *name;
-    std::vector<Event> events;
+    // Steps separated by blanks: v key down, ^ key up, h key up while the keyboard still holds
+    // the key (the first half of an X repeat pair), m key down with a mouse button held, then
+    // the key with +c/+a/+s for Ctrl/Alt/Shift and =Command for what must fire (else nothing).
+    // L and l: a list drops down and closes; T: the key-up times out; S: KeySuppress is set.
+    const char *steps;
 };
-
-constexpr auto Ctrl = Qt::ControlModifier;
-constexpr auto Alt = Qt::AltModifier;
-
-} // namespace
 
 class KeySequences : public ::testing::TestWithParam<SequenceRow>
 { };
 
-TEST_P(KeySequences, FireTheirCommandsOnTheRightEdge)
+TEST_P(KeySequences, FireTheirCommandsOnceOnTheRightEdge)
 {
+    static const std::map<std::string, int> keyCodes {
+        { "Esc", Qt::Key_Escape }, { "F1", Qt::Key_F1 },        { "F4", Qt::Key_F4 },
+        { "F9", Qt::Key_F9 },      { "N", Qt::Key_N },          { "Q", Qt::Key_Q },
+        { "X", Qt::Key_X },        { "I", Qt::Key_I },          { "Ret", Qt::Key_Return },
+        { "Ent", Qt::Key_Enter },  { "Ctrl", Qt::Key_Control },
+    };
+    static const std::map<std::string, C> commands {
+        { "FocusOk", C::FocusOk },   { "Close", C::Close },          { "Quit", C::Quit },
+        { "Activate", C::Activate }, { "Author", C::AuthorMessage }, { "About", C::About },
+        { "Settings", C::Settings }, { "New", C::NewInstance },      { "EndList", C::EndListState },
+        { "Discard", C::Discard },
+    };
     KeyTable keys;
-    int n = 0;
-    for (const Event &e : GetParam().events) {
-        Command got = Command::None;
-        switch (e.step) {
-        case Step::Down:
-            got = keys.keyDown(e.key, e.modifiers, false);
+    std::istringstream steps(GetParam().steps);
+    for (std::string step; steps >> step;) {
+        const std::string body = step.substr(1, step.find_first_of("+=") - 1);
+        Qt::KeyboardModifiers mods;
+        const auto plus = step.find('+');
+        for (size_t i = plus == std::string::npos ? step.size() : plus + 1;
+             i < step.size() && step[i] != '='; ++i) {
+            mods |= step[i] == 'c' ? Qt::ControlModifier
+                : step[i] == 'a'   ? Qt::AltModifier
+                                   : Qt::ShiftModifier;
+        }
+        const auto eq = step.find('=');
+        const C expected = eq == std::string::npos ? C::None : commands.at(step.substr(eq + 1));
+        const int key = body.empty() ? 0 : keyCodes.at(body);
+        C got = C::None;
+        switch (step[0]) {
+        case 'v':
+            got = keys.keyDown(key, mods, false);
             break;
-        case Step::Up:
-            got = keys.keyUp(e.key, e.modifiers, false);
+        case 'm':
+            got = keys.keyDown(key, mods, true);
             break;
-        case Step::DownMouseHeld:
-            got = keys.keyDown(e.key, e.modifiers, true);
+        case '^':
+            got = keys.keyUp(key, mods, false, false);
             break;
-        case Step::UpMouseHeld:
-            got = keys.keyUp(e.key, e.modifiers, true);
+        case 'h':
+            got = keys.keyUp(key, mods, false, true);
             break;
-        case Step::ListDrops:
+        case 'L':
             keys.listDroppedDown();
             break;
-        case Step::TimeOut:
+        case 'l':
+            keys.listClosedUp();
+            break;
+        case 'T':
             keys.keyUpTimedOut();
             break;
-        case Step::Suppress:
+        default:
             keys.KeySuppress = true;
-            break;
         }
-        EXPECT_EQ(static_cast<int>(got), static_cast<int>(e.expected))
-            << GetParam().name << ", event " << n;
-        ++n;
+        EXPECT_EQ(int(got), int(expected)) << step;
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Table, KeySequences,
-    ::testing::Values(SequenceRow { "escClosesOnRelease",
-                                    { { Step::Down, Qt::Key_Escape, {}, Command::FocusOk },
-                                      { Step::Up, Qt::Key_Escape, {}, Command::Close } } },
-                      SequenceRow { "altF4ClosesOnPressOnly",
-                                    { { Step::Down, Qt::Key_F4, Alt, Command::Close },
-                                      { Step::Up, Qt::Key_F4, Alt, Command::None } } },
-                      SequenceRow { "ctrlEnterClosesOnPress",
-                                    { { Step::Down, Qt::Key_Return, Ctrl, Command::Close },
-                                      { Step::Up, Qt::Key_Return, Ctrl, Command::None } } },
-                      SequenceRow { "plainF4DoesNothing",
-                                    { { Step::Down, Qt::Key_F4, {}, Command::None },
-                                      { Step::Up, Qt::Key_F4, {}, Command::None } } },
-                      SequenceRow { "altQAndAltX",
-                                    { { Step::Down, Qt::Key_Q, Alt, Command::Close },
-                                      { Step::Down, Qt::Key_X, Alt, Command::Close },
-                                      { Step::Down, Qt::Key_Q, {}, Command::None } } },
-                      SequenceRow { "ctrlReleasedBeforeN",
-                                    { { Step::Down, Qt::Key_Control, Ctrl, Command::None },
-                                      { Step::Down, Qt::Key_N, Ctrl, Command::None },
-                                      { Step::Up, Qt::Key_Control, {}, Command::None },
-                                      { Step::Up, Qt::Key_N, {}, Command::NewInstance } } },
-                      SequenceRow { "nWithoutCtrl",
-                                    { { Step::Down, Qt::Key_N, {}, Command::None },
-                                      { Step::Up, Qt::Key_N, {}, Command::None } } },
-                      SequenceRow { "functionKeysOnRelease",
-                                    { { Step::Down, Qt::Key_F1, {}, Command::None },
-                                      { Step::Up, Qt::Key_F1, {}, Command::About },
-                                      { Step::Down, Qt::Key_F9, {}, Command::None },
-                                      { Step::Up, Qt::Key_F9, {}, Command::Settings } } },
-                      SequenceRow { "authorLine",
-                                    { { Step::Down, Qt::Key_I, Ctrl | Alt | Qt::ShiftModifier,
-                                        Command::AuthorMessage },
-                                      { Step::Down, Qt::Key_I, Ctrl | Alt, Command::None } } },
-                      SequenceRow { "releaseWithoutPress",
-                                    { { Step::Up, Qt::Key_Escape, {}, Command::None } } },
-                      SequenceRow { "releaseAfterTimeOut",
-                                    { { Step::Down, Qt::Key_F9, {}, Command::None },
-                                      { Step::TimeOut },
-                                      { Step::Up, Qt::Key_F9, {}, Command::None } } },
-                      SequenceRow { "mouseButtonHeld",
-                                    { { Step::DownMouseHeld, Qt::Key_Escape, {}, Command::Discard },
-                                      { Step::UpMouseHeld, Qt::Key_Escape, {}, Command::None },
-                                      { Step::Up, Qt::Key_Escape, {}, Command::None } } },
-                      SequenceRow { "suppressedPressStillPairsWithItsRelease",
-                                    { { Step::Suppress },
-                                      { Step::Down, Qt::Key_Q, Alt, Command::None },
-                                      { Step::Up, Qt::Key_F1, {}, Command::About },
-                                      { Step::Down, Qt::Key_Q, Alt, Command::Close } } },
-                      SequenceRow { "escWithAListDroppedDown",
-                                    { { Step::ListDrops },
-                                      { Step::Down, Qt::Key_Escape, {}, Command::None },
-                                      { Step::Up, Qt::Key_Escape, {}, Command::EndListState },
-                                      { Step::Down, Qt::Key_Escape, {}, Command::FocusOk },
-                                      { Step::Up, Qt::Key_Escape, {}, Command::Close } } },
-                      SequenceRow { "f4EndsTheListState",
-                                    { { Step::ListDrops },
-                                      { Step::Down, Qt::Key_F4, {}, Command::None },
-                                      { Step::Up, Qt::Key_F4, {}, Command::EndListState },
-                                      { Step::Down, Qt::Key_F4, {}, Command::None },
-                                      { Step::Up, Qt::Key_F4, {}, Command::None } } }),
+    ::testing::Values(
+        SequenceRow { "escClosesOnRelease", "vEsc=FocusOk ^Esc=Close" },
+        SequenceRow { "closeOnPressOnly", "vF4+a=Close ^F4+a vRet+c=Close ^Ret+c vF4 ^F4" },
+        SequenceRow { "altQAndAltXQuit", "vQ+a=Quit vX+a=Quit vQ" },
+        SequenceRow { "ctrlReleasedBeforeN", "vCtrl+c vN+c ^Ctrl ^N=New vN ^N" },
+        SequenceRow { "functionKeysOnRelease", "vF1 ^F1=About vF9 ^F9=Settings" },
+        SequenceRow { "enterClicksOncePerHold", "vRet=Activate vRet ^Ret vEnt=Activate" },
+        SequenceRow { "theAuthorBoxKeepsItsKeys", "vI+cas=Author ^Esc vI+ca" },
+        SequenceRow { "releaseWithoutPressOrAfterTimeOut", "^Esc vF9 T ^F9" },
+        SequenceRow { "mouseButtonHeld", "mEsc=Discard ^Esc" },
+        SequenceRow { "suppressedPressStillPairsWithItsRelease", "S vQ+a ^Q vQ+a=Quit" },
+        SequenceRow { "heldKeysRepeatAsPairs",
+                      "vN+c hN+c vN+c hN+c vN+c ^N+c=New vEsc=FocusOk hEsc vEsc ^Esc=Close" },
+        SequenceRow { "escClosingAListEndsOnlyTheList",
+                      "L vEsc l ^Esc=EndList vEsc=FocusOk ^Esc=Close" },
+        SequenceRow { "f4OpensAndClosesTheList",
+                      "vF4 L ^F4 vEsc l ^Esc=EndList vF4 L ^F4 vF4 l ^F4=EndList vEsc=FocusOk" },
+        SequenceRow { "aListClosedByAClickLeavesEscToClose", "L l vEsc=FocusOk ^Esc=Close" }),
     [](const auto &row) { return std::string(row.param.name); });
 
-struct ContainsRow
+TEST(ContainsTextTable, IgnoresCase)
 {
-    const char *text;
-    const char *part;
-    bool expected;
-};
-
-class ContainsTextTable : public ::testing::TestWithParam<ContainsRow>
-{ };
-
-TEST_P(ContainsTextTable, IgnoresCase)
-{
-    const ContainsRow &row = GetParam();
-    EXPECT_EQ(ContainsText(QString::fromUtf8(row.text), QString::fromUtf8(row.part)), row.expected)
-        << row.text << " / " << row.part;
+    const std::tuple<const char *, const char *, bool> rows[] = {
+        { "0:00:00", ":", true },  { "3/5/2026", ":", false }, { "Hello World", "WORLD", true },
+        { "Январь", "ЯНВ", true }, { "abc", "abcd", false },   { "abc", "", true },
+    };
+    for (const auto &[text, part, expected] : rows) {
+        EXPECT_EQ(ContainsText(QString::fromUtf8(text), QString::fromUtf8(part)), expected)
+            << text << " / " << part;
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, ContainsTextTable,
-                         ::testing::Values(ContainsRow { "0:00:00", ":", true },
-                                           ContainsRow { "3/5/2026", ":", false },
-                                           ContainsRow { "Hello World", "WORLD", true },
-                                           ContainsRow { "Январь", "ЯНВ", true },
-                                           ContainsRow { "abc", "abcd", false },
-                                           ContainsRow { "abc", "", true }));
+} // namespace

@@ -1,51 +1,35 @@
 #pragma once
 
-#include "app/Clock.h"
 #include "app/FileOps.h"
-#include "app/Settings.h"
 #include "app/SettingsFile.h"
+#include "support/FakeClock.h"
+#include "support/QtPrinters.h"
 
-#include <QByteArray>
 #include <QDir>
 #include <QFile>
-#include <QString>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <chrono>
-#include <ostream>
+#include <string_view>
+#include <unistd.h>
 
-// Lets gtest print QStrings and QByteArrays readably in failure messages.
-inline void PrintTo(const QString &text, std::ostream *out)
-{
-    *out << '"' << text.toStdString() << '"';
-}
-inline void PrintTo(const QByteArray &bytes, std::ostream *out)
-{
-    *out << '"' << bytes.toStdString() << '"';
-}
+using namespace Qt::StringLiterals;
+using namespace std::string_view_literals;
 
 namespace testsupport {
-
-// The screen the settings tests assume: 1280 x 800 pixels.
-inline constexpr int ScreenWidthTwips = 1280 * TwipsPerPixel;
-inline constexpr int ScreenHeightTwips = 800 * TwipsPerPixel;
 
 inline QByteArray readBytes(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return QByteArray();
-    return file.readAll();
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 inline bool writeBytes(const QString &path, const QByteArray &bytes)
 {
     QFile file(path);
-    return file.open(QIODevice::WriteOnly | QIODevice::Truncate)
-        && file.write(bytes) == bytes.size();
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
 // Every name in a folder, hidden ones included.
@@ -55,107 +39,63 @@ inline QStringList folderEntries(const QString &folder)
                                   | QDir::NoDotAndDotDot);
 }
 
-// A steady clock that moves on by `step` each time it is read.
-class SteppingClock : public Clock
+inline const QStringList OnlyTheSettingsFile { QStringLiteral("qlvcal.ini") };
+
+// Permission cases mean nothing to root: they are named "Unprivileged..." and ctest runs them
+// again as an unprivileged user.
+inline bool skipAsRoot(const char *name)
 {
-public:
-    explicit SteppingClock(std::chrono::milliseconds step)
-        : m_step(step)
-    { }
-    QDateTime now() const override { return QDateTime(QDate(2024, 1, 1), QTime(12, 0)); }
-    std::chrono::steady_clock::time_point steadyNow() const override
-    {
-        const auto value = m_now;
-        m_now += m_step;
-        return value;
-    }
+    return QByteArray(name).startsWith("Unprivileged") && ::geteuid() == 0;
+}
 
-private:
-    std::chrono::milliseconds m_step;
-    mutable std::chrono::steady_clock::time_point m_now {};
-};
-
-// The file-system seam with one chosen call failing.
+// The file-system seam with the call named `failing` failing: "create", "write", "short" (half
+// of the first write, then a full disk), "fsync", "close" or "rename".
 class FailingFileOps : public FileOps
 {
 public:
-    enum class Failure {
-        None,
-        Create,
-        Write,
-        ShortWriteThenFull,
-        WriteReturnsZero,
-        Fsync,
-        Close,
-        Rename
-    };
-
-    explicit FailingFileOps(Failure failure)
-        : m_failure(failure)
+    explicit FailingFileOps(std::string_view failing)
+        : m_failing(failing)
     { }
-
     int createExclusive(const QByteArray &path, mode_t mode) override
     {
-        if (m_failure == Failure::Create)
-            return fail(EACCES);
-        return FileOps::createExclusive(path, mode);
+        return fails("create") ? -1 : FileOps::createExclusive(path, mode);
     }
     ssize_t write(int fd, const char *data, size_t size) override
     {
-        ++m_writes;
-        switch (m_failure) {
-        case Failure::Write:
-            return fail(EIO);
-        case Failure::ShortWriteThenFull:
-            if (m_writes > 1)
-                return fail(ENOSPC);
-            return FileOps::write(fd, data, size > 1 ? size / 2 : size);
-        case Failure::WriteReturnsZero:
-            return 0;
-        default:
-            return FileOps::write(fd, data, size);
-        }
+        if (fails("write") || (fails("short") && m_writes++ > 0))
+            return -1;
+        return FileOps::write(fd, data, fails("short") ? (size + 1) / 2 : size);
     }
-    int fsync(int fd) override
-    {
-        return m_failure == Failure::Fsync ? fail(EIO) : FileOps::fsync(fd);
-    }
-    int close(int fd) override
-    {
-        const int result = FileOps::close(fd);
-        return m_failure == Failure::Close ? fail(EIO) : result;
-    }
+    int fsync(int fd) override { return fails("fsync") ? -1 : FileOps::fsync(fd); }
+    int close(int fd) override { return FileOps::close(fd) == 0 && !fails("close") ? 0 : -1; }
     int rename(const QByteArray &from, const QByteArray &to) override
     {
-        return m_failure == Failure::Rename ? fail(EXDEV) : FileOps::rename(from, to);
+        return fails("rename") ? -1 : FileOps::rename(from, to);
     }
 
 private:
-    static int fail(int error)
-    {
-        errno = error;
-        return -1;
-    }
-    Failure m_failure;
+    bool fails(std::string_view call) { return m_failing == call && (errno = EIO) != 0; }
+    std::string_view m_failing;
     int m_writes = 0;
 };
 
-// A settings record with its file code over a temporary folder, on a 1280 x 800 screen.
+// A settings record with its file code over a temporary folder, on a 1365 x 800 screen (the
+// centred position is 7237.5 x 3952.5 twips: both halves go to the even neighbour).
 struct SettingsFixture
 {
     QTemporaryDir dir;
     Settings settings;
-    SettingsFile file { settings, makeContext() };
-
-    SettingsContext makeContext()
+    SettingsFile file { settings, {} };
+    SettingsFixture()
     {
-        SettingsContext c;
-        c.settingsPath = dir.filePath(QStringLiteral("qlvcal.ini"));
-        c.screenWidthTwips = ScreenWidthTwips;
-        c.screenHeightTwips = ScreenHeightTwips;
-        return c;
+        file.context().settingsPath = dir.filePath(u"qlvcal.ini"_s);
+        file.context().screenWidthTwips = 20475;
+        file.context().screenHeightTwips = 12000;
     }
     QString path() const { return file.context().settingsPath; }
 };
+
+// Names table rows after their first column.
+inline auto rowName = [](const auto &info) { return std::string(info.param.name); };
 
 } // namespace testsupport

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/Program.h"
+#include "app/ProgramState.h"
 #include "calendar/CalendarMonthExtForm.h"
 #include "calendar/DayButton.h"
 #include "support/FakeClock.h"
@@ -38,9 +38,7 @@ protected:
               const QString &firstWeekDay = QStringLiteral("Sunday"))
     {
         clock.setNow(now);
-        ProgramOptions options;
-        options.clock = &clock;
-        program = std::make_unique<Program>(options);
+        program = std::make_unique<ProgramState>(&clock);
         program->settings().Language = language;
         program->settings().FirstWeekDay = firstWeekDay;
         form = new CalendarMonthExtForm(*program);
@@ -82,6 +80,6 @@ protected:
     void click(QWidget *w) { QTest::mouseClick(w, Qt::LeftButton); }
 
     FakeClock clock;
-    std::unique_ptr<Program> program;
+    std::unique_ptr<ProgramState> program;
     QPointer<CalendarMonthExtForm> form;
 };

@@ -93,6 +93,7 @@ protected:
             const auto it = vars.find(name);
             return it == vars.end() ? QByteArray() : it->second;
         };
+        options.showMainWindow = CalendarMonthExtForm::showNew;
         program = std::make_unique<Program>(options);
         program->Main();
         QCoreApplication::processEvents();
@@ -207,19 +208,19 @@ TEST_F(ProgramMain, OtherKeysDoNotClose)
 TEST_F(ProgramMain, IsFormLoadedInBothModes)
 {
     start();
-    EXPECT_TRUE(program->IsFormLoaded(QStringLiteral(" calendarmonthextform "), true));
-    EXPECT_TRUE(program->IsFormLoaded(QStringLiteral("CalendarMonthExtForm"), false));
+    EXPECT_TRUE(program->state().IsFormLoaded(QStringLiteral(" calendarmonthextform "), true));
+    EXPECT_TRUE(program->state().IsFormLoaded(QStringLiteral("CalendarMonthExtForm"), false));
     EXPECT_FALSE(program->NoMainFormLoaded());
 
     // A window only in the list, not among the flags, and the other way round.
     QWidget view;
     view.setObjectName(QStringLiteral("ViewForm"));
-    EXPECT_TRUE(program->IsFormLoaded(QStringLiteral("ViewForm"), true));
-    EXPECT_FALSE(program->IsFormLoaded(QStringLiteral("ViewForm"), false));
-    program->setFormLoaded(QStringLiteral("AboutForm"), true);
-    EXPECT_TRUE(program->IsFormLoaded(QStringLiteral("AboutForm"), false));
-    EXPECT_FALSE(program->IsFormLoaded(QStringLiteral("AboutForm"), true));
-    EXPECT_FALSE(program->IsFormLoaded(QString(), true));
+    EXPECT_TRUE(program->state().IsFormLoaded(QStringLiteral("ViewForm"), true));
+    EXPECT_FALSE(program->state().IsFormLoaded(QStringLiteral("ViewForm"), false));
+    program->state().setFormLoaded(QStringLiteral("AboutForm"), true);
+    EXPECT_TRUE(program->state().IsFormLoaded(QStringLiteral("AboutForm"), false));
+    EXPECT_FALSE(program->state().IsFormLoaded(QStringLiteral("AboutForm"), true));
+    EXPECT_FALSE(program->state().IsFormLoaded(QString(), true));
 }
 
 TEST_F(ProgramMain, AnUnchangedFileIsWrittenWhole)
@@ -227,7 +228,7 @@ TEST_F(ProgramMain, AnUnchangedFileIsWrittenWhole)
     start();
     const QByteArray atStart = readBytes(settingsPath());
     ASSERT_FALSE(atStart.isEmpty());
-    program->settings().ColorScheme = QStringLiteral("Pink");
+    program->state().settings().ColorScheme = QStringLiteral("Pink");
     mainWindow()->move(30, 45);
     program->CloseProgram();
     const QByteArray text = readBytes(settingsPath());
@@ -243,7 +244,7 @@ TEST_F(ProgramMain, AFileChangedByOthersGetsOnlyThePosition)
     const QByteArray edited = "Language=Russian\r\nColorScheme=Green\r\nCalendarLeft=1\r\n"
                               "calendartop=2\r\nCalendarBorderWidth=7\r\n";
     writeBytes(settingsPath(), edited);
-    program->settings().ColorScheme = QStringLiteral("Pink");
+    program->state().settings().ColorScheme = QStringLiteral("Pink");
     mainWindow()->move(30, 45);
     program->CloseProgram();
     EXPECT_EQ(readBytes(settingsPath()),
@@ -258,7 +259,7 @@ TEST_F(ProgramMain, NothingIsSavedWhileTheSettingsWindowIsOpen)
     auto *view = new QWidget;
     view->setObjectName(QStringLiteral("ViewForm"));
     view->show();
-    program->settings().ColorScheme = QStringLiteral("Pink");
+    program->state().settings().ColorScheme = QStringLiteral("Pink");
     mainWindow()->move(30, 45);
     program->CloseProgram();
     EXPECT_EQ(readBytes(settingsPath()), atStart);
@@ -307,7 +308,7 @@ TEST_P(StartupReads, ReadsAtMostFourTimes)
     EXPECT_EQ(program->settingsReads(), GetParam().reads);
     ASSERT_NE(mainWindow(), nullptr);
     EXPECT_TRUE(mainWindow()->isVisible());
-    EXPECT_EQ(program->settings().CalendarBorderWidth, 2);
+    EXPECT_EQ(program->state().settings().CalendarBorderWidth, 2);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -328,7 +329,7 @@ TEST_F(ProgramMain, TheFirstRunTakesTheLocalesLanguage)
     EXPECT_TRUE(text.contains("\r\nFirstWeekDay=Monday\r\n"));
     EXPECT_EQ(program->settingsReads(), 2);
     EXPECT_EQ(mainWindow()->windowTitle(), QStringLiteral("Календарь КЛВ Лайт"));
-    EXPECT_EQ(program->SettingsChecksum, [&] {
+    EXPECT_EQ(program->state().SettingsChecksum, [&] {
         std::int32_t sum = 0;
         for (const char c : text)
             sum += static_cast<unsigned char>(c);

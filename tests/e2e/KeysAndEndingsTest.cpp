@@ -1,0 +1,175 @@
+#include "E2eHarness.h"
+#include "calendar/MainFormLayout.h"
+
+#include <QFile>
+#include <QThread>
+
+#include <csignal>
+
+using namespace e2e;
+
+namespace {
+
+// 1500 twips is 100 pixels on a 96-dpi screen.
+const QByteArray Stored =
+    "[Appearance]\r\nLanguage=English\r\nCalendarLeft=1500\r\nCalendarTop=1500\r\n";
+
+class Calendar : public E2eTest
+{
+protected:
+    // Starts the window manager (if any) and the program, and gives the window the focus.
+    QProcess &open(const char *wm, bool firstRun = false, const Args &wrapper = {})
+    {
+        m_wm = wm;
+        startWindowManager(m_wm);
+        if (!firstRun)
+            writeSettings(Stored);
+        QProcess &program = startProgram(wrapper);
+        m_window = mainWindow(30000);
+        EXPECT_FALSE(m_window.empty()) << "no window";
+        // Without a window manager the focus is whatever was last named; with one, ask it.
+        EXPECT_TRUE(
+            xdotool({ m_wm.empty() ? "windowfocus" : "windowactivate", "--sync", m_window }));
+        return program;
+    }
+    bool moveTo150x90() { return xdotool({ "windowmove", "--sync", m_window, "150", "90" }); }
+    static bool ended(QProcess &program, int waitMs = 10000)
+    {
+        return program.waitForFinished(waitMs) && program.exitStatus() == QProcess::NormalExit
+            && program.exitCode() == 0;
+    }
+
+    std::string m_wm;
+    std::string m_window;
+};
+
+struct EndRow
+{
+    const char *name;
+    const char *wm;
+    const char *key; // xdotool key, or nullptr to send `signal`
+    int signal = 0;
+    bool minimised = false;
+    bool firstRun = false;
+};
+
+class Endings : public Calendar, public ::testing::WithParamInterface<EndRow>
+{ };
+
+} // namespace
+
+// Every way of ending a run saves where the window stood (also when it was minimised), in
+// twips, and the program prints nothing. A first run has written its file already at start.
+TEST_P(Endings, SaveThePositionAndPrintNothing)
+{
+    const EndRow &row = GetParam();
+    QProcess &program = open(row.wm, row.firstRun);
+    if (row.firstRun) {
+        EXPECT_EQ(readSettings().count("\r\n"), 13) << "no file at start";
+    }
+    ASSERT_TRUE(moveTo150x90());
+    QThread::msleep(200);
+    if (row.minimised) {
+        ASSERT_TRUE(xdotool({ "windowminimize", "--sync", m_window }));
+    }
+    if (row.key) {
+        ASSERT_TRUE(xdotool({ "key", row.key }));
+    } else {
+        ASSERT_EQ(::kill(pid_t(program.processId()), row.signal), 0);
+    }
+    EXPECT_TRUE(ended(program)) << program.exitCode();
+    EXPECT_EQ(setting("CalendarLeft="), QStringLiteral("2250"));
+    EXPECT_EQ(setting("CalendarTop="), QStringLiteral("1350"));
+    EXPECT_EQ(program.readAllStandardError(), QByteArray());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Ways, Endings,
+    ::testing::Values(EndRow { "EscapeFirstRun", "openbox", "Escape", 0, false, true },
+                      EndRow { "AltX", "", "alt+x" },
+                      EndRow { "WindowManagerClose", "openbox", "alt+F4" },
+                      EndRow { "Sigterm", "", nullptr, SIGTERM },
+                      EndRow { "Sigint", "", nullptr, SIGINT },
+                      EndRow { "Sighup", "", nullptr, SIGHUP },
+                      EndRow { "SigtermWhileMinimised", "openbox", nullptr, SIGTERM, true }),
+    RowName());
+
+namespace {
+
+struct HeldRow
+{
+    const char *name;
+    const char *key;
+    size_t copies; // calendars the hold starts
+    bool closes;
+};
+
+class HeldKeys : public Calendar, public ::testing::WithParamInterface<HeldRow>
+{ };
+
+} // namespace
+
+// With X repeating the held key, a key-up command still fires once, on the real release.
+TEST_P(HeldKeys, FireOnceOnTheRealRelease)
+{
+    const HeldRow &row = GetParam();
+    QProcess &program = open("openbox");
+    ASSERT_TRUE(run({ "xset", "r", "on" }));
+    ASSERT_TRUE(xdotool({ "keydown", row.key }));
+    QThread::msleep(2500);
+    EXPECT_EQ(program.state(), QProcess::Running) << "closed while the key was held";
+    EXPECT_EQ(windows("QLV Calendar Lite", 0).size(), 1U)
+        << "a copy started while the key was held";
+    ASSERT_TRUE(xdotool({ "keyup", row.key }));
+    QThread::msleep(row.copies > 0 ? 6000 : 1500);
+    Args all = windows("QLV Calendar Lite", 0);
+    for (const std::string &w : all) {
+        QString pid;
+        if (run({ "xdotool", "getwindowpid", w }, &pid) && pid.toLongLong() != program.processId())
+            adopt(pid.toLongLong());
+    }
+    EXPECT_EQ(all.size() - (row.closes ? 0 : 1), row.copies);
+    EXPECT_EQ(ended(program, 3000), row.closes);
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, HeldKeys,
+                         ::testing::Values(HeldRow { "CtrlN", "ctrl+n", 1, false },
+                                           HeldRow { "Escape", "Escape", 0, true }),
+                         RowName());
+
+// Esc that closes a dropped-down list, opened by a click or by F4, ends only the list; the
+// next one closes the calendar.
+TEST_F(Calendar, EscOnADroppedDownListClosesOnlyTheList)
+{
+    QProcess &program = open("openbox");
+    const QPoint list = geometry(m_window).topLeft() + MainFormLayout::ListMonth.center();
+    ASSERT_TRUE(
+        xdotool({ "mousemove", "--sync", std::to_string(list.x()), std::to_string(list.y()) }));
+    for (const char *opener : { "click", "key" }) {
+        ASSERT_TRUE(xdotool({ opener, opener == std::string("click") ? "1" : "F4" }));
+        QThread::msleep(800);
+        ASSERT_TRUE(xdotool({ "key", "Escape" }));
+        EXPECT_FALSE(program.waitForFinished(600)) << "Esc closed the calendar after a " << opener;
+    }
+    ASSERT_TRUE(xdotool({ "key", "Escape" }));
+    EXPECT_TRUE(ended(program));
+}
+
+// On a full disk every write to the temporary files fails: the program still ends normally, the
+// file is as it was, and no temporary file is left, so no write goes around them. The file is
+// written on the program's own thread; following its children too would wait for the session
+// bus it may have started.
+TEST_F(Calendar, AFullDiskLeavesTheOldFileWhole)
+{
+    const std::string folder = settingsFolder().toStdString();
+    QProcess &program = open("", false,
+                             { "strace", "-qq", "-o", "/dev/null", "-P", folder + "settings.tmp",
+                               "-P", folder + "qlvcal.tmp", "-e", "trace=write,writev,pwrite64",
+                               "-e", "inject=write,writev,pwrite64:error=ENOSPC" });
+    ASSERT_TRUE(moveTo150x90());
+    ASSERT_TRUE(xdotool({ "key", "Escape" }));
+    EXPECT_TRUE(ended(program, 30000));
+    EXPECT_EQ(readSettings(), Stored);
+    EXPECT_FALSE(QFile::exists(settingsFolder() + QStringLiteral("settings.tmp")));
+    EXPECT_FALSE(QFile::exists(settingsFolder() + QStringLiteral("qlvcal.tmp")));
+}

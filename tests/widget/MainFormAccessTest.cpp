@@ -1,0 +1,115 @@
+#include "MainFormFixture.h"
+
+#include <QAccessible>
+#include <QMessageBox>
+#include <QTimer>
+
+namespace {
+
+struct AccessRow
+{
+    const char *language;
+    const char *previousMonth; // what the picture button says
+    const char *month; // the month list
+    const char *blankCell; // the first cell of March 2026, weeks from Monday
+};
+
+class ScreenReader : public MainFormTest, public ::testing::WithParamInterface<AccessRow>
+{ };
+
+// What a screen reader reads: every visible control has a name in the window's language, the
+// window is a named window, and the parked focus reads as the selected date.
+TEST_P(ScreenReader, NamesEveryControlInTheWindowsLanguage)
+{
+    const AccessRow &row = GetParam();
+    QLocale::setDefault(QLocale(QString::fromLatin1(row.language) == QStringLiteral("English")
+                                    ? QLocale::English
+                                    : QLocale::Russian));
+    open(at(2026, 3, 12), QString::fromLatin1(row.language), QStringLiteral("Monday"));
+    form->setWindowTitle(QStringLiteral("QLV"));
+    const auto name = [](QObject *o) {
+        return QAccessible::queryAccessibleInterface(o)->text(QAccessible::Name);
+    };
+    for (QWidget *w : form->findChildren<QWidget *>()) {
+        if (w->isVisible()
+            && (qobject_cast<QAbstractButton *>(w) || qobject_cast<QComboBox *>(w)
+                || qobject_cast<QLabel *>(w))) {
+            EXPECT_FALSE(name(w).isEmpty()) << w->objectName().toStdString();
+        }
+    }
+    EXPECT_EQ(name(button("ButtPrevMonth")), QString::fromUtf8(row.previousMonth));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(child<QComboBox>(QStringLiteral("ListMonth")))
+                  ->text(QAccessible::Description),
+              QString::fromUtf8(row.month));
+    EXPECT_EQ(name(cell(1)), QString::fromUtf8(row.blankCell));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(form.data())->role(), QAccessible::Window);
+    EXPECT_EQ(name(form.data()), QStringLiteral("QLV"));
+    EXPECT_EQ(name(button("ButtFocus")),
+              label("LabelActDate2")->text() + QLatin1Char(' ')
+                  + label("LabelActDate2Val")->text());
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, ScreenReader,
+                         ::testing::Values(AccessRow { "English", "Go to the previous month",
+                                                       "Month", "Monday, February 23, 2026" },
+                                           AccessRow { "Russian", "Переход к предыдущему месяцу",
+                                                       "Месяц",
+                                                       "понедельник, 23 февраля 2026 г." }));
+
+class Keyboard : public MainFormTest
+{
+protected:
+    void key(QEvent::Type type, Qt::Key k, Qt::KeyboardModifiers modifiers = {})
+    {
+        QKeyEvent event(type, k, modifiers);
+        QWidget *target = QApplication::focusWidget();
+        QApplication::sendEvent(target ? target : form.data(), &event);
+    }
+    void tap(Qt::Key k, Qt::KeyboardModifiers modifiers = {})
+    {
+        key(QEvent::KeyPress, k, modifiers);
+        if (form)
+            key(QEvent::KeyRelease, k, modifiers);
+    }
+};
+
+// The author box takes its own Esc; neither the press nor the release reaches the calendar.
+TEST_F(Keyboard, EscClosesTheAuthorBoxAlone)
+{
+    open(at(2026, 3, 12));
+    bool boxSeen = false;
+    bool boxStayed = false;
+    QTimer::singleShot(0, [&] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        boxSeen = box != nullptr;
+        if (box)
+            QTest::keyPress(box, Qt::Key_Escape);
+    });
+    QTimer::singleShot(300, [&] {
+        if (QWidget *box = QApplication::activeModalWidget()) {
+            boxStayed = true;
+            box->close();
+        }
+    });
+    key(QEvent::KeyPress, Qt::Key_I, Qt::ControlModifier | Qt::AltModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(boxSeen);
+    EXPECT_FALSE(boxStayed);
+    key(QEvent::KeyRelease, Qt::Key_Escape);
+    ASSERT_TRUE(form && form->isVisible()) << "the calendar closed";
+    tap(Qt::Key_Escape);
+    EXPECT_TRUE(!form || !form->isVisible());
+}
+
+TEST_F(Keyboard, EnterClicksTheFocusedButtonAndAltQQuits)
+{
+    open(at(2026, 3, 12));
+    button("ButtNextMonth")->setFocus();
+    tap(Qt::Key_Return);
+    EXPECT_EQ(shownMonth(), 4);
+    EXPECT_FALSE(program->Closing);
+    tap(Qt::Key_Q, Qt::AltModifier);
+    EXPECT_TRUE(program->Closing);
+    EXPECT_TRUE(!form || !form->isVisible());
+}
+
+} // namespace
