@@ -57,19 +57,3 @@ INSTANTIATE_TEST_SUITE_P(
                       DrawRow { "Pictures", &AppearanceNames::concretePictures,
                                 &AppearanceNames::resolvePicture }),
     [](const ::testing::TestParamInfo<DrawRow> &p) { return std::string(p.param.name); });
-
-TEST(AppearanceNameLists, ConcreteListsHoldTheRealNames)
-{
-    EXPECT_EQ(
-        AppearanceNames::concreteColorSchemes(),
-        QStringList({ QStringLiteral("Blue"), QStringLiteral("Black"), QStringLiteral("White"),
-                      QStringLiteral("Yellow"), QStringLiteral("Green"), QStringLiteral("Pink"),
-                      QStringLiteral("GrayScale") }));
-    QStringList pictures = AppearanceNames::concretePictures();
-    pictures.sort();
-    EXPECT_EQ(pictures,
-              QStringList({ QStringLiteral("Camomiles"), QStringLiteral("Dandelions"),
-                            QStringLiteral("Fancy"), QStringLiteral("Landscape"),
-                            QStringLiteral("Marble"), QStringLiteral("Sky"),
-                            QStringLiteral("Stars"), QStringLiteral("Waves") }));
-}

@@ -216,13 +216,3 @@ TEST_P(Picture, RendersAtOneAndTwoTimesWithDetail)
 
 INSTANTIATE_TEST_SUITE_P(All, Picture, ::testing::ValuesIn(AppearanceNames::concretePictures()),
                          rowName);
-
-TEST(Pictures, NoTwoLookAlike)
-{
-    std::vector<QImage> thumbnails;
-    for (const QString &name : AppearanceNames::concretePictures())
-        thumbnails.push_back(thumbnail(BackgroundPictures::render(name, QSize(400, 273), 1)));
-    for (std::size_t a = 0; a < thumbnails.size(); ++a)
-        for (std::size_t b = a + 1; b < thumbnails.size(); ++b)
-            EXPECT_GT(meanGap(thumbnails[a], thumbnails[b]), 24) << a << " and " << b;
-}
