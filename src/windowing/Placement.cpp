@@ -29,4 +29,11 @@ QPoint keptOnScreen(const QPoint &storedTwips, const QSize &size, const QList<QR
     return { std::clamp(x, screen.left(), maxX), std::clamp(y, screen.top(), maxY) };
 }
 
+QPoint startTopLeft(const Settings &settings, const QSize &size, const QList<QRect> &screens)
+{
+    if (settings.CalendarAlignToCenter == QStringLiteral("Yes"))
+        return centredTopLeft(screens.value(0, QRect(0, 0, 1024, 768)), size);
+    return keptOnScreen({ settings.CalendarLeft, settings.CalendarTop }, size, screens);
+}
+
 } // namespace Placement

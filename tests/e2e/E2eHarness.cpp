@@ -130,6 +130,20 @@ void E2eTest::startWindowManager(const std::string &name)
     ASSERT_EQ(wm.state(), QProcess::Running);
 }
 
+QProcess &E2eTest::openCalendar(const std::string &wm, const QByteArray &settings,
+                                const Args &wrapper)
+{
+    startWindowManager(wm);
+    if (!settings.isNull())
+        writeSettings(settings);
+    QProcess &program = startProgram(wrapper);
+    m_main = mainWindow(30000);
+    EXPECT_FALSE(m_main.empty()) << "no window";
+    // Without a window manager the focus is whatever was last named; with one, ask it.
+    EXPECT_TRUE(xdotool({ wm.empty() ? "windowfocus" : "windowactivate", "--sync", m_main }));
+    return program;
+}
+
 void E2eTest::startCompositor()
 {
     start({ "xcompmgr", "-n" });

@@ -40,6 +40,15 @@ protected:
     // A process the program started itself (a copy): ended by its PID at teardown.
     void adopt(qint64 pid) { m_adopted.push_back(pid); }
 
+    // The window manager `wm` (none when ""), `settings` as the settings file (none when null)
+    // and the program, whose window gets the focus; m_main is that window.
+    QProcess &openCalendar(const std::string &wm, const QByteArray &settings,
+                           const Args &wrapper = {});
+    bool mouseTo(QPoint p)
+    {
+        return xdotool({ "mousemove", "--sync", std::to_string(p.x()), std::to_string(p.y()) });
+    }
+
     // Runs a tool to its end; true when it succeeded. Its output goes to `out`.
     bool run(const Args &argv, QString *out = nullptr);
     bool xdotool(Args args) { return args.insert(args.begin(), "xdotool"), run(args); }
@@ -61,6 +70,7 @@ protected:
 
     QString m_display;
     QString m_root;
+    std::string m_main;
 
 private:
     xcb_connection_t *m_x = nullptr;

@@ -123,21 +123,6 @@ TEST_F(MainFormTest, WheelOverTheGridStepsTheMonth)
     EXPECT_EQ(shownMonth(), 4);
 }
 
-// The painted grid: colours go to the screen in the right byte order.
-TEST_F(MainFormTest, TheCellsArePaintedInTheirColours)
-{
-    open(at(2026, 3, 12));
-    click(cellOf(QDate(2026, 3, 2)));
-    const QImage shot = form->grab().toImage();
-    const auto colourAt = [&](QDate date) {
-        const QWidget *w = cellOf(date);
-        return QColor(shot.pixel(w->mapTo(form.data(), QPoint(5, 5)))).rgb() & 0xFFFFFF;
-    };
-    EXPECT_EQ(colourAt(QDate(2026, 3, 2)), 0xFFC0C0u) << "selected before today, BGR C0C0FF";
-    EXPECT_EQ(colourAt(QDate(2026, 3, 12)), 0xFFFFFFu) << "today";
-    EXPECT_EQ(colourAt(QDate(2026, 3, 20)), 0xE0E0E0u);
-}
-
 TEST_F(MainFormTest, SwitchingTheFirstWeekdayRedrawsTheGridAndTheLabels)
 {
     open(at(2026, 3, 12));

@@ -39,21 +39,6 @@ QWidget *topLevel(const QString &name)
     return nullptr;
 }
 
-// A window that records the order in which windows are closed.
-class Recorder : public QObject
-{
-public:
-    QStringList closed;
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() == QEvent::Close)
-            closed.append(watched->objectName());
-        return false;
-    }
-};
-
 // Program::Main on the offscreen platform with a private config folder; the environment it sees
 // is only what the test puts in `env`.
 class ProgramMain : public ::testing::Test
@@ -207,18 +192,22 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(ProgramMain, UnloadsTheWindowsInOrder)
 {
     start();
-    Recorder recorder;
-    mainWindow()->installEventFilter(&recorder);
+    QStringList gone;
+    const auto watch = [&gone](QWidget *w) {
+        QObject::connect(w, &QObject::destroyed,
+                         [&gone, name = w->objectName()] { gone.append(name); });
+    };
+    watch(mainWindow());
     for (const char *name : { "TabAppForm", "ViewForm", "AboutForm", "ToolTipForm" }) {
         auto *w = new QWidget;
         w->setObjectName(QString::fromLatin1(name));
-        w->installEventFilter(&recorder);
+        watch(w);
         w->show();
     }
     program->CloseProgram();
-    EXPECT_EQ(recorder.closed.join(u' '),
-              QStringLiteral("ToolTipForm AboutForm ViewForm TabAppForm CalendarMonthExtForm"));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(gone.join(u' '),
+              QStringLiteral("ToolTipForm AboutForm ViewForm TabAppForm CalendarMonthExtForm"));
     EXPECT_TRUE(program->NoMainFormLoaded());
 }
 
