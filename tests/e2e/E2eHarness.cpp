@@ -1,5 +1,7 @@
 #include "E2eHarness.h"
 
+#include "support/Files.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -239,16 +241,12 @@ QString E2eTest::xprop(const std::string &window, const char *name)
 
 QByteArray E2eTest::readSettings() const
 {
-    QFile f(settingsFolder() + QStringLiteral("qlvcal.ini"));
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    return readBytes(settingsFolder() + QStringLiteral("qlvcal.ini"));
 }
 
 void E2eTest::writeSettings(const QByteArray &content) const
 {
-    QDir().mkpath(settingsFolder());
-    QFile f(settingsFolder() + QStringLiteral("qlvcal.ini"));
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    f.write(content);
+    ASSERT_TRUE(writeBytes(settingsFolder() + QStringLiteral("qlvcal.ini"), content));
 }
 
 QString E2eTest::setting(const char *key) const

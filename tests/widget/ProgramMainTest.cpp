@@ -1,6 +1,7 @@
 #include "app/Program.h"
 #include "app/SettingsFile.h"
 #include "calendar/CalendarMonthExtForm.h"
+#include "support/Files.h"
 
 #include <QApplication>
 #include <QDir>
@@ -15,20 +16,6 @@
 #include <map>
 
 namespace {
-
-QByteArray readBytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeBytes(const QString &path, const QByteArray &bytes)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(bytes);
-}
 
 QWidget *topLevel(const QString &name)
 {
@@ -107,8 +94,7 @@ class MainWindowPlacement : public ProgramMain, public ::testing::WithParamInter
 
 TEST_P(MainWindowPlacement, TheFramelessMainWindowAtItsPlace)
 {
-    if (!GetParam().file.isEmpty())
-        writeBytes(settingsPath(), GetParam().file);
+    ASSERT_TRUE(GetParam().file.isEmpty() || writeBytes(settingsPath(), GetParam().file));
     start();
     QWidget *window = mainWindow();
     ASSERT_NE(window, nullptr);
@@ -159,8 +145,7 @@ TEST_P(CloseSaves, ChoosesWhatToWrite)
     const SaveRow &row = GetParam();
     start();
     const QByteArray atStart = readBytes(settingsPath());
-    if (!row.editedMeanwhile.isNull())
-        writeBytes(settingsPath(), row.editedMeanwhile);
+    ASSERT_TRUE(row.editedMeanwhile.isNull() || writeBytes(settingsPath(), row.editedMeanwhile));
     if (row.settingsWindowOpen) {
         auto *view = new QWidget;
         view->setObjectName(QStringLiteral("ViewForm"));
@@ -231,8 +216,8 @@ TEST_P(StartupReads, ReadsAtMostFourTimes)
 {
     if (GetParam().file == "/")
         QDir().mkpath(settingsPath());
-    else if (!GetParam().file.isNull())
-        writeBytes(settingsPath(), GetParam().file);
+    else
+        ASSERT_TRUE(GetParam().file.isNull() || writeBytes(settingsPath(), GetParam().file));
     start();
     EXPECT_EQ(program->settingsReads(), GetParam().reads);
     ASSERT_NE(mainWindow(), nullptr);
