@@ -53,6 +53,11 @@ TEST_P(Endings, SaveThePositionAndPrintNothing)
     QThread::msleep(200);
     if (row.minimised) {
         ASSERT_TRUE(xdotool({ "windowminimize", "--sync", m_main }));
+        // The program learns of it from the window manager's state, a moment later.
+        ASSERT_TRUE(waitFor(
+            [&] { return xprop(m_main, "_NET_WM_STATE").contains(QStringLiteral("HIDDEN")); },
+            3000));
+        QThread::msleep(300);
     }
     if (row.key) {
         ASSERT_TRUE(xdotool({ "key", row.key }));
