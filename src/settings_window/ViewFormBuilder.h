@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+class ViewForm;
+
+// Creates the Settings window's controls under their names and puts them in place; the window
+// connects them to its handlers.
+namespace ViewFormBuilder {
+
+void createControls(ViewForm &form);
+
+// The screen-reader names of the controls whose look does not say what they do, in `language`.
+void nameControls(ViewForm &form, const QString &language);
+
+} // namespace ViewFormBuilder
