@@ -101,6 +101,8 @@ void createControls(ViewForm &form)
     form.HScrollBordWidthGen->setRange(0, 3);
     form.HScrollBordWidthGen->setSingleStep(1);
     form.HScrollBordWidthGen->setPageStep(1);
+    // A scroll bar's keys run backwards by default; Right widens the border here.
+    form.HScrollBordWidthGen->setInvertedControls(false);
     form.HScrollBordWidthGen->setFocusPolicy(Qt::StrongFocus);
     form.LabelBordWidthGen->setBuddy(form.HScrollBordWidthGen);
     form.ListAlignCenterMain = list(w, "ListAlignCenterMain", 4, form.LabelAlignCenterMain);
