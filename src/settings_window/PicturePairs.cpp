@@ -4,7 +4,7 @@
 
 #include <QEvent>
 
-PicturePairs::PicturePairs(QObject *parent, const std::array<Pair, 3> &pairs)
+PicturePairs::PicturePairs(QObject *parent, std::array<Pair, 3> pairs)
     : QObject(parent)
     , m_pairs(pairs)
 {

@@ -16,7 +16,7 @@ class PicturePairs : public QObject
 public:
     using Pair = std::pair<PictureButton *, PictureButton *>; // normal, hover
 
-    PicturePairs(QObject *parent, const std::array<Pair, 3> &pairs);
+    PicturePairs(QObject *parent, std::array<Pair, 3> pairs);
 
     // Shows the hover picture of the pair pressed, as a click would.
     static void press(PictureButton *hover);
