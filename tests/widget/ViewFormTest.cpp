@@ -13,6 +13,7 @@
 #include "support/QtPrinters.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
 #include <QFile>
@@ -23,6 +24,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QtTest/qtestspontaneevent.h>
 
 #include <gtest/gtest.h>
@@ -293,6 +295,18 @@ TEST_F(SettingsWindow, BorderChangeThenCancelRepaintsTheMainWindow)
 // window too, and Ctrl+A blinks the About window's close control.
 TEST_F(SettingsWindow, OneWindowHoldsTheOthersUntilItCloses)
 {
+    // The timers as designed: interval, and whether it runs from the start.
+    for (const auto &[name, interval, running] : { std::tuple { "TimerSetShadow", 2500, true },
+                                                   { "TimerEnableForm", 1500, false },
+                                                   { "TimerKeyUp", 1500, false },
+                                                   { "TimerCheckAreaForm", 97, true },
+                                                   { "TimerToolTip", 200, false } }) {
+        const auto *timer = view->findChild<QTimer *>(QString::fromLatin1(name));
+        ASSERT_NE(timer, nullptr) << name;
+        EXPECT_EQ(std::pair(timer->interval(), timer->isActive()), std::pair(interval, running));
+    }
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(view->KnClose)->text(QAccessible::Name),
+              u"Close the window and save any changes you have made"_s);
     choose(List::Lang, 1);
     EXPECT_EQ(view->LabelLang->text(), u"Язык"_s);
     EXPECT_TRUE(view->KnCancelBlackRus->isVisible() && !view->KnCancelBlackEng->isVisible());
