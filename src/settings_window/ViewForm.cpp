@@ -3,15 +3,13 @@
 #include "PicturePairs.h"
 #include "ViewFormBuilder.h"
 #include "ViewFormLayout.h"
+#include "ViewFormLook.h"
 #include "app/FileUtils.h"
 #include "app/ProgramState.h"
 #include "app/SchemeColors.h"
 #include "app/SettingsFile.h"
 #include "appearance/AppearanceNames.h"
-#include "appearance/BgrColor.h"
 #include "appearance/PictureButton.h"
-#include "appearance/WidgetColours.h"
-#include "appearance/WindowBody.h"
 #include "calendar/CalendarMonthExtForm.h"
 #include "windowing/Shadow.h"
 #include "windowing/ShadowKeeper.h"
@@ -150,22 +148,7 @@ void ViewForm::connectControls()
 
 void ViewForm::SetSettingsCaptions()
 {
-    const QString &lang = m_program.settings().Language;
-    using namespace ViewFormText;
-    for (QLabel *title : { LabelGeneral, LabelGeneralSh })
-        title->setText(Captions::pick(Caption, lang));
-    for (std::size_t row = 0; row < std::size(RowLabels); ++row)
-        rowLabels().at(row)->setText(Captions::pick(RowLabels[row], lang));
-    for (const List l : AllLists) {
-        list(l)->clear();
-        list(l)->addItems(entries(l, lang));
-    }
-    const bool english = Captions::isEnglish(lang);
-    KnCancelBlackEng->setVisible(english);
-    KnCancelBlackRus->setVisible(!english);
-    KnCancelBlueEng->hide();
-    KnCancelBlueRus->hide();
-    ViewFormBuilder::nameControls(*this, lang);
+    ViewFormBuilder::setCaptions(*this, m_program.settings().Language);
 }
 
 void ViewForm::FillSettingsFromCurrent()
@@ -177,20 +160,7 @@ void ViewForm::FillSettingsFromCurrent()
 
 void ViewForm::ApplySettingsColors()
 {
-    const SchemePalette &s = SchemePalettes::forScheme(m_program.settings().CurrentColorScheme);
-    QPalette window = palette();
-    window.setColor(QPalette::Window, colorFromBgr(s.ground));
-    setPalette(window);
-    WidgetColours::colourText(LabelGeneral, s.title);
-    WidgetColours::colourText(LabelGeneralSh, s.frame);
-    for (QLabel *label : rowLabels())
-        WidgetColours::colourText(label, s.caption);
-    for (const List l : ViewFormText::AllLists)
-        WidgetColours::colourList(list(l), s);
-    WidgetColours::colourList(HScrollBordWidthGen, s);
-    for (PictureButton *b : findChildren<PictureButton *>())
-        b->setScheme(s);
-    paintOwnBody();
+    ViewFormLook::apply(*this, m_program.settings());
 }
 
 void ViewForm::ResetButtonPictures()
@@ -245,7 +215,7 @@ void ViewForm::showEffects(SettingsEditor::Effects effects)
         if (Shadow *shadow = ShadowForm())
             shadow->setShadowColor(s.ShadowColor);
     } else if (effects & Effect::Borders) {
-        paintOwnBody();
+        ViewFormLook::paintBody(*this, s);
     }
     if (effects & (Effect::PreviewMain | Effect::Recolour | Effect::Borders))
         previewOnMain();
@@ -266,14 +236,6 @@ void ViewForm::previewOnMain()
     m_main->setUpdatesEnabled(true);
     if (Shadow *shadow = m_main->ShadowForm())
         shadow->setShadowColor(m_program.settings().ShadowColor);
-}
-
-void ViewForm::paintOwnBody()
-{
-    const Settings &s = m_program.settings();
-    if (auto *body = qobject_cast<WindowBody *>(FrameMove))
-        body->setLook(SchemePalettes::forScheme(s.CurrentColorScheme), QStringLiteral("None"),
-                      s.CalendarBorderWidth);
 }
 
 bool ViewForm::startClosing(PictureButton *pressed, From from)

@@ -100,7 +100,6 @@ private:
     void listClick(ViewFormText::List list, int index);
     void showEffects(SettingsEditor::Effects effects);
     void previewOnMain();
-    void paintOwnBody();
     bool startClosing(PictureButton *pressed, From from);
     void KnOkClick(From from);
     void KnCancelClick(From from);

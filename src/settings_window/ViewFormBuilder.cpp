@@ -129,6 +129,25 @@ void createControls(ViewForm &form)
     }
 }
 
+void setCaptions(ViewForm &form, const QString &language)
+{
+    using namespace ViewFormText;
+    for (QLabel *title : { form.LabelGeneral, form.LabelGeneralSh })
+        title->setText(Captions::pick(Caption, language));
+    for (std::size_t row = 0; row < std::size(RowLabels); ++row)
+        form.rowLabels().at(row)->setText(Captions::pick(RowLabels[row], language));
+    for (const List l : AllLists) {
+        form.list(l)->clear();
+        form.list(l)->addItems(entries(l, language));
+    }
+    const bool english = Captions::isEnglish(language);
+    form.KnCancelBlackEng->setVisible(english);
+    form.KnCancelBlackRus->setVisible(!english);
+    form.KnCancelBlueEng->hide();
+    form.KnCancelBlueRus->hide();
+    nameControls(form, language);
+}
+
 void nameControls(ViewForm &form, const QString &language)
 {
     form.setAccessibleName(form.LabelGeneral->text().trimmed());
