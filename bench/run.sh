@@ -13,6 +13,9 @@ echo "== one drag move"
 QT_QPA_PLATFORM=offscreen "$build/bench/qlvcal_drag_bench"
 echo "== month step, January 1900 to December 2099"
 QT_QPA_PLATFORM=offscreen "$build/bench/month_step_bench"
+echo "== Settings window: a choice to both windows repainted, F9 to the window painted"
+QT_QPA_PLATFORM=offscreen "$build/bench/settings_window_bench" --benchmark_repetitions=3 \
+  --benchmark_enable_random_interleaving=true
 echo "== start-up"
 bash "$here/startup.sh" "$build" "${QLV_STARTUP_ROUNDS:-15}"
 echo "== start-up with a compositor"

@@ -1,5 +1,6 @@
 #include "app/Program.h"
 #include "calendar/CalendarMonthExtForm.h"
+#include "settings_window/ViewForm.h"
 #include "windowing/LayeredWindows.h"
 
 #include <QApplication>
@@ -18,7 +19,19 @@ int main(int argc, char *argv[])
     ProgramOptions options;
     options.closeOnTerminationSignals = true;
     options.probeLayeredWindows = ProbeLayeredWindows;
-    options.showMainWindow = CalendarMonthExtForm::showNew;
+    options.showMainWindow = [](ProgramState &state) {
+        QWidget *window = CalendarMonthExtForm::showNew(state);
+        auto *main = static_cast<CalendarMonthExtForm *>(window);
+        // F9 and "Settings": the one Settings window. F1 in it asks for the About window as the
+        // Main window's F1 does.
+        QObject::connect(
+            main, &CalendarMonthExtForm::settingsWindowRequested, main, [&state, main] {
+                ViewForm *settings = ViewForm::showNew(state, *main);
+                QObject::connect(settings, &ViewForm::aboutWindowRequested, main,
+                                 &CalendarMonthExtForm::aboutWindowRequested, Qt::UniqueConnection);
+            });
+        return window;
+    };
     Program program(options);
     program.Main();
     return QApplication::exec();

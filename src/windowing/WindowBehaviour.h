@@ -17,6 +17,9 @@ class Shadow;
 // The shadow of a shadowed window, or null.
 Shadow *ShadowForm(const QWidget *window);
 
+// Hides the tooltip window, when one is showing.
+void hideToolTip();
+
 // Keeps a window above all others (or not); a shown window is shown again with its new flags.
 void applyTopmost(QWidget *window, bool topmost);
 
