@@ -1,6 +1,8 @@
+#include "about/AboutForm.h"
 #include "app/Program.h"
 #include "calendar/CalendarMonthExtForm.h"
-#include "windowing/LayeredWindows.h"
+#include "notification/QLVForm.h"
+#include "windowing/WindowBehaviour.h"
 
 #include <QApplication>
 
@@ -17,9 +19,18 @@ int main(int argc, char *argv[])
 
     ProgramOptions options;
     options.closeOnTerminationSignals = true;
-    options.probeLayeredWindows = ProbeLayeredWindows;
-    options.showMainWindow = CalendarMonthExtForm::showNew;
+    options.probeLayeredWindows = QLVForm::ProbeLayeredWindows;
+    options.showMainWindow = [](ProgramState &state) {
+        QWidget *main = CalendarMonthExtForm::showNew(state);
+        // The calendar only asks for the About window; it lives in a folder of its own.
+        QObject::connect(static_cast<CalendarMonthExtForm *>(main),
+                         &CalendarMonthExtForm::aboutWindowRequested, main,
+                         [&state] { AboutForm::open(state); });
+        return main;
+    };
     Program program(options);
+    // The taskbar entry blinks its caption when a window asks for the user's attention.
+    WindowBehaviour::of(program.state()).FlashWindow = QLVForm::FlashWindow;
     program.Main();
     return QApplication::exec();
 }

@@ -1,0 +1,108 @@
+#include "E2eHarness.h"
+
+#include <QThread>
+
+using namespace e2e;
+
+namespace {
+
+const QByteArray Stored =
+    "[Appearance]\r\nLanguage=English\r\nCalendarLeft=1500\r\nCalendarTop=1500\r\n";
+const char AboutTitle[] = "About QLV Calendar Lite";
+
+// The calendar under openbox and a compositor, as on a desktop.
+class AboutWindow : public E2eTest
+{
+protected:
+    void SetUp() override
+    {
+        E2eTest::SetUp();
+        startWindowManager("openbox");
+        startCompositor();
+    }
+    // Starts the program on the stored settings and gives the calendar the focus.
+    QProcess &launch()
+    {
+        writeSettings(Stored);
+        QProcess &program = startProgram();
+        main = mainWindow(30000);
+        EXPECT_FALSE(main.empty()) << "no window";
+        EXPECT_TRUE(xdotool({ "windowactivate", "--sync", main }));
+        return program;
+    }
+    Args openAbout()
+    {
+        EXPECT_TRUE(xdotool({ "key", "F1" }));
+        return windows(AboutTitle);
+    }
+    std::string activeWindow()
+    {
+        QString active;
+        run({ "xdotool", "getactivewindow" }, &active);
+        return active.toStdString();
+    }
+    static QString hex(const std::string &window)
+    {
+        return QStringLiteral("0x") + QString::number(std::stoul(window), 16);
+    }
+
+    std::string main;
+};
+
+} // namespace
+
+// F1 shows the About window beside the calendar: a second top-level window, transient for the
+// calendar (so the program keeps one taskbar entry), with a shadow of its own beneath it. F1
+// again brings the same window back.
+TEST_F(AboutWindow, F1ShowsASecondWindowWithItsShadow)
+{
+    launch();
+    const Args about = openAbout();
+    ASSERT_EQ(about.size(), 1U);
+    const QRect calendar = geometry(main);
+    const QRect box = geometry(about.front());
+    EXPECT_GT(box.left(), calendar.right());
+    EXPECT_EQ(box.top(), calendar.top());
+    EXPECT_TRUE(xprop(about.front(), "WM_TRANSIENT_FOR").endsWith(hex(main)));
+    EXPECT_TRUE(xprop(about.front(), "_NET_WM_WINDOW_TYPE").contains(u"_TYPE_UTILITY"));
+
+    Args shadows = windows("Shadow");
+    ASSERT_EQ(shadows.size(), 2U);
+    if (geometry(shadows.front()) != box.translated(4, 4))
+        std::swap(shadows.front(), shadows.back());
+    EXPECT_EQ(geometry(shadows.front()), box.translated(4, 4));
+    EXPECT_TRUE(
+        waitFor([&] { return stackIndex(shadows.front()) == stackIndex(about.front()) - 1; }, 1700))
+        << "the shadow is not beneath its window";
+
+    ASSERT_TRUE(xdotool({ "windowactivate", "--sync", main }));
+    ASSERT_TRUE(xdotool({ "key", "F1" }));
+    QThread::msleep(600); // time for a second window to map, were one made
+    EXPECT_EQ(windows(AboutTitle, 0), about);
+    EXPECT_EQ(activeWindow(), about.front());
+}
+
+// Alt+Q in the About window ends the program, which saves as it does when closed from the
+// calendar: the file left behind is the same, byte for byte, with the window's new place.
+TEST_F(AboutWindow, AltQInItSavesAsFromTheCalendar)
+{
+    QByteArray fromCalendar;
+    for (const bool inAbout : { false, true }) {
+        QProcess &program = launch();
+        ASSERT_TRUE(xdotool({ "windowmove", "--sync", main, "150", "90" }));
+        if (inAbout) {
+            const Args about = openAbout();
+            ASSERT_EQ(about.size(), 1U);
+            EXPECT_EQ(activeWindow(), about.front());
+        }
+        ASSERT_TRUE(xdotool({ "key", "alt+q" }));
+        EXPECT_TRUE(program.waitForFinished(10000) && program.exitStatus() == QProcess::NormalExit
+                    && program.exitCode() == 0);
+        EXPECT_EQ(program.readAllStandardError(), QByteArray());
+        if (!inAbout)
+            fromCalendar = readSettings();
+    }
+    EXPECT_EQ(setting("CalendarLeft="), QStringLiteral("2250"));
+    EXPECT_EQ(setting("CalendarTop="), QStringLiteral("1350"));
+    EXPECT_EQ(QString::fromLatin1(readSettings()), QString::fromLatin1(fromCalendar));
+}
