@@ -13,6 +13,13 @@ echo "== one drag move"
 QT_QPA_PLATFORM=offscreen "$build/bench/qlvcal_drag_bench"
 echo "== month step, January 1900 to December 2099"
 QT_QPA_PLATFORM=offscreen "$build/bench/month_step_bench"
+echo "== F1 to the About window painted, on an X server"
+(
+  # shellcheck source=SCRIPTDIR/../scripts/xvfb.sh
+  source "$here/../scripts/xvfb.sh"
+  xvfb_start
+  QT_QPA_PLATFORM=xcb "$build/bench/about_open_bench"
+)
 echo "== start-up"
 bash "$here/startup.sh" "$build" "${QLV_STARTUP_ROUNDS:-15}"
 echo "== start-up with a compositor"

@@ -191,12 +191,9 @@ void AboutForm::SettingLabelesAndButtons()
     const QString folder = program().ProgramFolder.isEmpty()
         ? QCoreApplication::applicationDirPath() + QLatin1Char('/')
         : program().ProgramFolder;
-    const QString documentation = AboutText::documentationPath(folder);
-    LabelLink->setText(QStringLiteral("<a href=\"%1\">%2</a>")
-                           .arg(QUrl::fromLocalFile(documentation).toString(QUrl::FullyEncoded),
-                                pick(AboutText::Link, language).toHtmlEscaped()));
+    m_documentation = AboutText::documentationPath(folder);
     // Nothing to open: no link.
-    LabelLink->setVisible(!documentation.isEmpty());
+    LabelLink->setVisible(!m_documentation.isEmpty());
     paintLook();
 }
 
@@ -221,10 +218,12 @@ void AboutForm::paintLook()
     text.setColor(QPalette::HighlightedText, colorFromBgr(scheme.buttonHoverInk));
     TextDescription->setPalette(text);
 
-    QPalette link = LabelLink->palette();
-    link.setColor(QPalette::Link, colorFromBgr(scheme.link));
-    link.setColor(QPalette::WindowText, colorFromBgr(scheme.link));
-    LabelLink->setPalette(link);
+    // A link takes its colour when its text is parsed, from the application's palette unless
+    // the text names one.
+    LabelLink->setText(QStringLiteral("<a href=\"%1\" style=\"color: %2\">%3</a>")
+                           .arg(QUrl::fromLocalFile(m_documentation).toString(QUrl::FullyEncoded),
+                                colorFromBgr(scheme.link).name(),
+                                Captions::pick(AboutText::Link, s.Language).toHtmlEscaped()));
 
     KnClose->setScheme(scheme);
     KnVersion->setScheme(scheme);

@@ -61,4 +61,5 @@ private:
     // Esc went down in this window: its release closes it.
     bool EscArmed = false;
     bool m_closed = false;
+    QString m_documentation;
 };

@@ -12,7 +12,7 @@ using Captions::Pair;
 inline constexpr Pair WindowTitle { u"About QLV Calendar Lite",
                                     u"О программе «Календарь КЛВ Лайт»" };
 inline constexpr Pair ProgramName { u"QLV Calendar Lite", u"Календарь КЛВ Лайт" };
-inline constexpr Pair Edition { u"Lite edition for Linux", u"Облегчённая версия для Linux" };
+inline constexpr Pair Edition { u"Lite edition for Linux", u"Облегчённая редакция для Linux" };
 inline constexpr Pair Version { u"Version %1", u"Версия %1" };
 inline constexpr Pair Link { u"Open the documentation", u"Открыть документацию (на английском)" };
 inline constexpr Pair Close { u"Close", u"Закрыть" };
