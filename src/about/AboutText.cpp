@@ -72,7 +72,7 @@ QString documentationPath(const QString &programFolder)
         return {};
     // Cleaned before asking: the folders of a path that climbs out of them need not exist.
     for (const char *relative : { "/../share/doc/qlvcallt/README.md", "/../../README.md" }) {
-        const QString path = QDir::cleanPath(programFolder + QLatin1StringView(relative));
+        QString path = QDir::cleanPath(programFolder + QLatin1StringView(relative));
         if (QFileInfo(path).isFile())
             return path;
     }

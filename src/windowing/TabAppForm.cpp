@@ -103,7 +103,7 @@ void TabAppForm::lockMove()
     TimerLockMoveForm->start();
 }
 
-void TabAppForm::focusWindowChanged(QWindow *)
+void TabAppForm::focusWindowChanged(QWindow * /*window*/)
 {
     QWidget *active = QApplication::activeWindow();
     if (isProgramWindow(active) && active != m_lastActive) {
