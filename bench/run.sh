@@ -16,6 +16,13 @@ QT_QPA_PLATFORM=offscreen "$build/bench/month_step_bench"
 echo "== Settings window: a choice to both windows repainted, F9 to the window painted"
 QT_QPA_PLATFORM=offscreen "$build/bench/settings_window_bench" --benchmark_repetitions=3 \
   --benchmark_enable_random_interleaving=true
+echo "== F1 to the About window painted, on an X server"
+(
+  # shellcheck source=SCRIPTDIR/../scripts/xvfb.sh
+  source "$here/../scripts/xvfb.sh"
+  xvfb_start
+  QT_QPA_PLATFORM=xcb "$build/bench/about_open_bench"
+)
 echo "== start-up"
 bash "$here/startup.sh" "$build" "${QLV_STARTUP_ROUNDS:-15}"
 echo "== start-up with a compositor"

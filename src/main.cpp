@@ -1,7 +1,9 @@
+#include "about/AboutForm.h"
 #include "app/Program.h"
 #include "calendar/CalendarMonthExtForm.h"
+#include "notification/QLVForm.h"
 #include "settings_window/ViewForm.h"
-#include "windowing/LayeredWindows.h"
+#include "windowing/WindowBehaviour.h"
 
 #include <QApplication>
 
@@ -18,12 +20,15 @@ int main(int argc, char *argv[])
 
     ProgramOptions options;
     options.closeOnTerminationSignals = true;
-    options.probeLayeredWindows = ProbeLayeredWindows;
+    options.probeLayeredWindows = QLVForm::ProbeLayeredWindows;
     options.showMainWindow = [](ProgramState &state) {
         QWidget *window = CalendarMonthExtForm::showNew(state);
         auto *main = static_cast<CalendarMonthExtForm *>(window);
-        // F9 and "Settings": the one Settings window. F1 in it asks for the About window as the
-        // Main window's F1 does.
+        // The calendar only asks for the Settings and About windows; they live in folders of
+        // their own. F1 in the Settings window asks for the About window as the Main window's F1
+        // does.
+        QObject::connect(main, &CalendarMonthExtForm::aboutWindowRequested, main,
+                         [&state] { AboutForm::open(state); });
         QObject::connect(
             main, &CalendarMonthExtForm::settingsWindowRequested, main, [&state, main] {
                 ViewForm *settings = ViewForm::showNew(state, *main);
@@ -33,6 +38,8 @@ int main(int argc, char *argv[])
         return window;
     };
     Program program(options);
+    // The taskbar entry blinks its caption when a window asks for the user's attention.
+    WindowBehaviour::of(program.state()).FlashWindow = QLVForm::FlashWindow;
     program.Main();
     return QApplication::exec();
 }

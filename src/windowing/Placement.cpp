@@ -29,4 +29,16 @@ QPoint keptOnScreen(const QPoint &storedTwips, const QSize &size, const QList<QR
     return { std::clamp(x, screen.left(), maxX), std::clamp(y, screen.top(), maxY) };
 }
 
+QPoint besideTopLeft(const QRect &anchor, const QSize &size, const QRect &screen, int gap)
+{
+    int x = anchor.right() + 1 + gap;
+    if (x + size.width() > screen.right() + 1)
+        x = anchor.left() - gap - size.width();
+    if (x < screen.left())
+        x = anchor.left() + (anchor.width() - size.width()) / 2;
+    const int maxX = std::max(screen.left(), screen.right() + 1 - size.width());
+    const int maxY = std::max(screen.top(), screen.bottom() + 1 - size.height());
+    return { std::clamp(x, screen.left(), maxX), std::clamp(anchor.top(), screen.top(), maxY) };
+}
+
 } // namespace Placement
