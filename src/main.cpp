@@ -34,6 +34,14 @@ int main(int argc, char *argv[])
                 ViewForm *settings = ViewForm::showNew(state, *main);
                 QObject::connect(settings, &ViewForm::aboutWindowRequested, main,
                                  &CalendarMonthExtForm::aboutWindowRequested, Qt::UniqueConnection);
+                // An open About window wears the language and scheme being tried.
+                QObject::connect(
+                    settings, &ViewForm::previewed, main,
+                    [] {
+                        if (AboutForm *about = AboutForm::find())
+                            about->SettingLabelesAndButtons();
+                    },
+                    Qt::UniqueConnection);
             });
         return window;
     };

@@ -236,6 +236,7 @@ void ViewForm::previewOnMain()
     m_main->setUpdatesEnabled(true);
     if (Shadow *shadow = m_main->ShadowForm())
         shadow->setShadowColor(m_program.settings().ShadowColor);
+    Q_EMIT previewed();
 }
 
 bool ViewForm::startClosing(PictureButton *pressed, From from)

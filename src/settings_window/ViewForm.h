@@ -85,6 +85,8 @@ public:
 Q_SIGNALS:
     // F1: the About window is wanted.
     void aboutWindowRequested();
+    // The Main window was redrawn for a changed (or restored) setting; other open windows follow.
+    void previewed();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
