@@ -433,6 +433,7 @@ void paintStars(QPainter &p, qreal w, qreal h)
                    QColor(230, 232, 255, static_cast<int>(s.between(90, 220))));
     }
     p.restore();
+    p.setPen(Qt::NoPen);
     for (int i = 0; i < 170; ++i) {
         const qreal r = s.between(0.35, 1.0);
         const int tint = static_cast<int>(s.between(0, 3));
