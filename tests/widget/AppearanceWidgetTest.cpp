@@ -1,9 +1,12 @@
 #include "MainFormFixture.h"
+#include "appearance/AppearanceNames.h"
+#include "appearance/ButtonArt.h"
 #include "appearance/CyrillicFont.h"
 #include "appearance/SchemePalette.h"
 #include "calendar/MainFormLayout.h"
 
 #include <QFontDatabase>
+#include <QPainter>
 
 namespace {
 
@@ -27,6 +30,21 @@ std::string rowName(const ::testing::TestParamInfo<LookRow> &row)
 {
     return std::string(row.param.scheme) + "_border" + std::to_string(row.param.border);
 }
+
+// Mean over the pixels of the largest channel difference, 0..255.
+double meanGap(const QImage &a, const QImage &b)
+{
+    double sum = 0;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb u = a.pixel(x, y), v = b.pixel(x, y);
+            sum += std::max({ std::abs(qRed(u) - qRed(v)), std::abs(qGreen(u) - qGreen(v)),
+                              std::abs(qBlue(u) - qBlue(v)) });
+        }
+    return sum / (a.width() * a.height());
+}
+
+using ButtonLooks = ::testing::TestWithParam<QString>;
 
 } // namespace
 
@@ -71,6 +89,38 @@ INSTANTIATE_TEST_SUITE_P(EveryScheme, SchemeOnScreen,
                                            LookRow { "Green", 2 }, LookRow { "Pink", 1 },
                                            LookRow { "GrayScale", 3 }),
                          rowName);
+
+// Normal, hover, pressed and disabled are told apart at a glance on every picture button, the
+// Settings window's word pictures in both languages included: seen on the window's ground, the
+// looks of any two states differ clearly on average over the button.
+TEST_P(ButtonLooks, FourStatesApart)
+{
+    using namespace ButtonArt;
+    const SchemePalette &palette = SchemePalettes::forScheme(GetParam());
+    std::vector<std::pair<ButtonArt::Picture, QString>> pictures;
+    for (int picture = int(Picture::Copy); picture <= int(Picture::New); ++picture)
+        pictures.emplace_back(Picture(picture), QString());
+    for (const char *word : { "Ok", "Cancel", "Отмена" })
+        pictures.emplace_back(Picture::Word, QString::fromUtf8(word));
+    for (const auto &[picture, word] : pictures) {
+        const QSize size = word.isEmpty() ? QSize(24, 24) : QSize(76, 24);
+        std::vector<QImage> looks;
+        for (const State state : { State::Normal, State::Hover, State::Pressed, State::Disabled }) {
+            QImage &look = looks.emplace_back(size, QImage::Format_RGB32);
+            look.fill(seen(palette.ground));
+            QPainter(&look).drawImage(
+                0, 0, render(picture, state, palette, size, 1, word, QFont(QString(), 9)));
+        }
+        for (std::size_t a = 0; a < looks.size(); ++a)
+            for (std::size_t b = a + 1; b < looks.size(); ++b)
+                EXPECT_GE(meanGap(looks[a], looks[b]), 9.0)
+                    << int(picture) << word.toStdString() << ": " << a << ", " << b;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryScheme, ButtonLooks,
+                         ::testing::ValuesIn(AppearanceNames::concreteColorSchemes()),
+                         [](const auto &row) { return row.param.toStdString(); });
 
 // A face without Cyrillic letters gives way to one that has them; one that has them stays.
 TEST(CyrillicFontProbe, ReplacesOnlyAFaceWithoutCyrillic)
