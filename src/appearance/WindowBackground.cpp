@@ -139,51 +139,62 @@ void toneToScheme(QImage &image, const SchemePalette &palette, const QList<QRect
     const double toneL = Contrast::luminance(tone.rgb());
 
     // The share of the first mix: the one that keeps the most detail, judged by the steps in
-    // legibility between neighbouring samples; in tenths.
+    // legibility between neighbouring samples; in tenths. Samples fall into levels on a square
+    // root scale (fine in the darks), so each share works out one table rather than a logarithm
+    // per sample.
+    constexpr int Levels = 512;
+    std::vector<int> levelOf(sample.size());
+    for (std::size_t i = 0; i < sample.size(); ++i)
+        levelOf[i] = qRound(std::sqrt(std::clamp(sample[i], 0.0, 1.0)) * (Levels - 1));
     double share = 0;
     double mostDetail = -1;
+    std::array<double, Levels> seen {};
     for (int tenth = 0; tenth <= 10; ++tenth) {
         const double m = tenth / 10.0;
-        double detail = 0;
-        double previous = 0;
-        for (double l : sample) {
-            const double s = Legibility::squeeze(legible.of(l + (toneL - l) * m));
-            detail += std::abs(s - previous);
-            previous = s;
+        for (int i = 0; i < Levels; ++i) {
+            const double l = double(i) * i / ((Levels - 1) * (Levels - 1));
+            seen[std::size_t(i)] = Legibility::squeeze(legible.of(l + (toneL - l) * m));
         }
+        double detail = 0;
+        for (std::size_t i = 1; i < levelOf.size(); ++i)
+            detail += std::abs(seen[std::size_t(levelOf[i])] - seen[std::size_t(levelOf[i - 1])]);
         if (detail > mostDetail * 1.001) {
             mostDetail = detail;
             share = m;
         }
     }
 
-    // The mix each luminance needs, towards the tone.
-    std::array<float, Steps> mixOf {};
+    // The mix each luminance needs towards the tone, in 256ths, rounded up so that rounding
+    // never leaves a pixel short of its target.
+    std::array<int, Steps> mixOf {};
     for (int i = 0; i < Steps; ++i) {
-        const double l = double(i) / (Steps - 1);
+        const double l = (i + 0.5) / Steps;
         const double target =
             legible.luminance(Legibility::squeeze(legible.of(l + (toneL - l) * share)));
-        mixOf[std::size_t(i)] = std::abs(toneL - l) < 1e-6
-            ? 0.0f
-            : float(std::clamp((target - l) / (toneL - l), 0.0, 1.0));
+        const double m = std::abs(toneL - l) < 1e-6 ? 0.0 : (target - l) / (toneL - l);
+        mixOf[std::size_t(i)] = int(std::ceil(std::clamp(m, 0.0, 1.0) * 256));
     }
+    // Per pixel in whole numbers: linear light in 4096ths, the luminance weights in 4096ths.
     const auto &lin = linearOfLevel();
+    std::array<int, 256> linear {};
+    for (std::size_t i = 0; i < linear.size(); ++i)
+        linear[i] = qRound(lin[i] * 4095);
     const auto &level = levelOfLinear();
-    const float toneLinear[3] = { lin[std::size_t(tone.red())], lin[std::size_t(tone.green())],
-                                  lin[std::size_t(tone.blue())] };
+    const int toneLinear[3] = { linear[std::size_t(tone.red())], linear[std::size_t(tone.green())],
+                                linear[std::size_t(tone.blue())] };
     for (int y = 0; y < image.height(); ++y) {
         auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
         for (int x = 0; x < image.width(); ++x) {
             const QRgb p = line[x];
-            const float r = lin[std::size_t(qRed(p))];
-            const float g = lin[std::size_t(qGreen(p))];
-            const float b = lin[std::size_t(qBlue(p))];
-            const float l = 0.2126f * r + 0.7152f * g + 0.0722f * b;
-            const float m = mixOf[std::size_t(l * (Steps - 1) + 0.5f)];
+            const int r = linear[std::size_t(qRed(p))];
+            const int g = linear[std::size_t(qGreen(p))];
+            const int b = linear[std::size_t(qBlue(p))];
+            const int l = (r * 871 + g * 2929 + b * 296) >> 12;
+            const int m = mixOf[std::size_t(l * Steps >> 12)];
             if (m == 0)
                 continue;
-            const auto out = [&](float c, float t) {
-                return level[std::size_t((c + (t - c) * m) * 4095 + 0.5f)];
+            const auto out = [m, &level](int c, int t) {
+                return level[std::size_t(c + ((t - c) * m >> 8))];
             };
             line[x] = qRgb(out(r, toneLinear[0]), out(g, toneLinear[1]), out(b, toneLinear[2]));
         }
