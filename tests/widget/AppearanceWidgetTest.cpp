@@ -4,17 +4,16 @@
 #include "appearance/CyrillicFont.h"
 #include "appearance/SchemePalette.h"
 #include "calendar/MainFormLayout.h"
+#include "support/ImageGap.h"
 
 #include <QFontDatabase>
 #include <QPainter>
 
+using namespace std::string_literals;
+
 namespace {
 
-struct LookRow
-{
-    const char *scheme;
-    int border;
-};
+using LookRow = std::pair<const char *, int>; // scheme, border width
 
 class SchemeOnScreen : public MainFormTest, public ::testing::WithParamInterface<LookRow>
 { };
@@ -24,24 +23,6 @@ class SchemeOnScreen : public MainFormTest, public ::testing::WithParamInterface
 QColor seen(std::uint32_t bgr)
 {
     return QColor(int(bgr & 0xFF), int((bgr >> 8) & 0xFF), int((bgr >> 16) & 0xFF));
-}
-
-std::string rowName(const ::testing::TestParamInfo<LookRow> &row)
-{
-    return std::string(row.param.scheme) + "_border" + std::to_string(row.param.border);
-}
-
-// Mean over the pixels of the largest channel difference, 0..255.
-double meanGap(const QImage &a, const QImage &b)
-{
-    double sum = 0;
-    for (int y = 0; y < a.height(); ++y)
-        for (int x = 0; x < a.width(); ++x) {
-            const QRgb u = a.pixel(x, y), v = b.pixel(x, y);
-            sum += std::max({ std::abs(qRed(u) - qRed(v)), std::abs(qGreen(u) - qGreen(v)),
-                              std::abs(qBlue(u) - qBlue(v)) });
-        }
-    return sum / (a.width() * a.height());
 }
 
 using ButtonLooks = ::testing::TestWithParam<QString>;
@@ -88,7 +69,9 @@ INSTANTIATE_TEST_SUITE_P(EveryScheme, SchemeOnScreen,
                                            LookRow { "White", 2 }, LookRow { "Yellow", 3 },
                                            LookRow { "Green", 2 }, LookRow { "Pink", 1 },
                                            LookRow { "GrayScale", 3 }),
-                         rowName);
+                         [](const auto &row) {
+                             return row.param.first + "_border"s + std::to_string(row.param.second);
+                         });
 
 // Normal, hover, pressed and disabled are told apart at a glance on every picture button, the
 // Settings window's word pictures in both languages included: seen on the window's ground, the
