@@ -392,8 +392,6 @@ void paintWaves(QPainter &p, qreal w, qreal h)
     fillVertical(p, QRectF(0, 0, w, horizon + 1),
                  { { 0, QColor(146, 196, 236) }, { 1, QColor(236, 242, 240) } });
     glow(p, QPointF(w * 0.72, horizon), h * 0.3, QColor(255, 244, 214, 220));
-    fillVertical(p, QRectF(0, horizon, w, h - horizon),
-                 { { 0, QColor(96, 170, 196) }, { 1, QColor(16, 72, 124) } });
     Scatter s(5);
     const int bands = 8;
     const auto bandTop = [&](int band) {
@@ -404,6 +402,11 @@ void paintWaves(QPainter &p, qreal w, qreal h)
         const qreal u = qreal(band) / (bands - 1);
         return 1.2 + 10 * u * u;
     };
+    // The open sea shows only above the farthest band, which covers the rest.
+    QLinearGradient sea(0, horizon, 0, h);
+    sea.setColorAt(0, QColor(96, 170, 196));
+    sea.setColorAt(1, QColor(16, 72, 124));
+    p.fillRect(QRectF(0, horizon, w, bandTop(0) + amplitude(0) * 3 - horizon), sea);
     for (int i = 0; i < bands; ++i) {
         const qreal t = qreal(i) / (bands - 1);
         // The next band's troughs dip below its top by under 0.9 of its amplitude.
@@ -429,14 +432,29 @@ void paintStars(QPainter &p, qreal w, qreal h)
         p, QRectF(0, 0, w, h),
         { { 0, QColor(6, 10, 34) }, { 0.6, QColor(18, 28, 72) }, { 1, QColor(40, 44, 100) } });
     Scatter s(3);
-    // The Milky Way: a faint band of haze with the stars crowding into it.
+    // The Milky Way: a faint band of haze with the stars crowding into it. The haze has no edge
+    // to keep sharp, so it is painted at a quarter of the size and laid on smoothly enlarged.
+    {
+        QImage haze(qCeil(w / 4), qCeil(h / 4), QImage::Format_ARGB32_Premultiplied);
+        haze.fill(Qt::transparent);
+        QPainter q(&haze);
+        q.setRenderHint(QPainter::Antialiasing);
+        q.scale(0.25, 0.25);
+        q.translate(w * 0.5, h * 0.5);
+        q.rotate(-28);
+        for (int i = 0; i < 22; ++i) {
+            const QPointF c(s.between(-w * 0.7, w * 0.7), s.between(-h * 0.09, h * 0.09));
+            glow(q, c, s.between(h * 0.12, h * 0.25), QColor(150, 160, 230, 34));
+        }
+        q.end();
+        p.save();
+        p.setRenderHint(QPainter::SmoothPixmapTransform);
+        p.drawImage(QRectF(0, 0, haze.width() * 4.0, haze.height() * 4.0), haze);
+        p.restore();
+    }
     p.save();
     p.translate(w * 0.5, h * 0.5);
     p.rotate(-28);
-    for (int i = 0; i < 22; ++i) {
-        const QPointF c(s.between(-w * 0.7, w * 0.7), s.between(-h * 0.09, h * 0.09));
-        glow(p, c, s.between(h * 0.12, h * 0.25), QColor(150, 160, 230, 34));
-    }
     p.setPen(Qt::NoPen);
     for (int i = 0; i < 260; ++i) {
         const qreal spread = h * 0.16 * (s.next() + s.next() - 1);
@@ -470,12 +488,6 @@ void paintStars(QPainter &p, qreal w, qreal h)
         const qreal r = s.between(1.0, 1.7);
         p.drawEllipse(c, r, r);
     }
-    for (int i = 0; i < 14; ++i) {
-        const QPointF c(s.between(0, w), s.between(0, h * 0.95));
-        const qreal r = s.between(4, 9);
-        glow(p, c, r * 0.9, QColor(190, 210, 255, 90));
-        sparkle(p, c, r, QColor(255, 255, 255));
-    }
     // A crescent moon: a lit disc with a darker one taken out of it. It rises in the free space
     // right of the date, where no text has to be read over it.
     const QPointF moon(w * 0.7, h * 0.065);
@@ -487,6 +499,14 @@ void paintStars(QPainter &p, qreal w, qreal h)
     bite.addEllipse(moon + QPointF(mr * 0.45, -mr * 0.25), mr * 0.92, mr * 0.92);
     p.setBrush(QColor(252, 246, 214));
     p.drawPath(disc.subtracted(bite));
+    for (int i = 0; i < 14; ++i) {
+        const QPointF c(s.between(0, w), s.between(0, h * 0.95));
+        const qreal r = s.between(4, 9);
+        if (QLineF(c, moon).length() < mr * 3)
+            continue; // the moon's own glow outshines a star beside it
+        glow(p, c, r * 0.9, QColor(190, 210, 255, 90));
+        sparkle(p, c, r, QColor(255, 255, 255));
+    }
 }
 
 // A seed head: a soft ball of fine rays, each ending in a little tuft.
@@ -494,19 +514,23 @@ void puffball(QPainter &p, QPointF c, qreal r)
 {
     glow(p, c, r * 1.05, QColor(255, 255, 255, 90));
     const int rays = 44;
-    QPen ray(QColor(255, 255, 255, 190), qMax<qreal>(0.5, r * 0.018));
-    p.setBrush(Qt::NoBrush);
+    // Every ray and tuft in one call: thin lines drawn together cost little more than one.
+    std::vector<QLineF> lines;
+    lines.reserve(rays * 6);
     for (int i = 0; i < rays; ++i) {
         const qreal a = i * 2 * M_PI / rays + (i % 2) * 0.05;
         const qreal len = r * (i % 3 == 0 ? 0.86 : 0.95);
         const QPointF tip(c.x() + len * std::cos(a), c.y() + len * std::sin(a));
-        p.setPen(ray);
-        p.drawLine(c, tip);
+        lines.emplace_back(c, tip);
         for (int f = -2; f <= 2; ++f) {
             const qreal fa = a + f * 0.22;
-            p.drawLine(tip, tip + QPointF(r * 0.14 * std::cos(fa), r * 0.14 * std::sin(fa)));
+            lines.emplace_back(tip,
+                               tip + QPointF(r * 0.14 * std::cos(fa), r * 0.14 * std::sin(fa)));
         }
     }
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(QColor(255, 255, 255, 190), qMax<qreal>(0.5, r * 0.018)));
+    p.drawLines(lines.data(), int(lines.size()));
     p.setPen(Qt::NoPen);
     p.setBrush(QColor(138, 120, 70));
     p.drawEllipse(c, r * 0.1, r * 0.1);
@@ -541,15 +565,17 @@ void meadow(QPainter &p, qreal w, qreal h, qreal top, Scatter &s)
     p.setPen(Qt::NoPen);
     p.setBrush(g);
     p.drawPath(hill);
+    // Blades of grass, each a thin tapering fill: a fill costs a fraction of a stroke.
     for (int i = 0; i < 150; ++i) {
         const qreal x = s.between(0, w);
         const qreal len = s.between(h * 0.04, h * 0.12);
         const qreal lean = s.between(-len * 0.5, len * 0.5);
+        const QPointF bend(x + lean * 0.2, h - len * 0.6);
         QPainterPath blade;
-        blade.moveTo(x, h + 2);
-        blade.quadTo(x + lean * 0.2, h - len * 0.6, x + lean, h - len);
-        p.setPen(QPen(mix(QColor(46, 110, 40), QColor(150, 200, 90), s.next()), 1.1, Qt::SolidLine,
-                      Qt::RoundCap));
+        blade.moveTo(x - 0.8, h + 2);
+        blade.quadTo(bend - QPointF(0.5, 0), QPointF(x + lean, h - len));
+        blade.quadTo(bend + QPointF(0.5, 0), QPointF(x + 0.8, h + 2));
+        p.setBrush(mix(QColor(46, 110, 40), QColor(150, 200, 90), s.next()));
         p.drawPath(blade);
     }
 }
@@ -606,7 +632,7 @@ void camomile(QPainter &p, QPointF c, qreal r, qreal squash, qreal turn)
     p.translate(c);
     p.rotate(turn);
     p.scale(1, squash);
-    const int petals = 21;
+    const int petals = 17;
     p.setPen(Qt::NoPen);
     // Shaded towards the heart by one gradient about the flower's centre.
     QRadialGradient white(QPointF(0, 0), r);
@@ -639,18 +665,21 @@ void paintCamomiles(QPainter &p, qreal w, qreal h)
                    { 0.5, QColor(150, 196, 120) },
                    { 1, QColor(74, 132, 60) } });
     Scatter s(29);
-    for (int i = 0; i < 10; ++i)
+    for (int i = 0; i < 6; ++i)
         glow(p, QPointF(s.between(0, w), s.between(0, h * 0.7)), s.between(h * 0.05, h * 0.14),
              QColor(250, 255, 220, 70));
-    // Stems and leaves behind the flowers.
-    p.setBrush(Qt::NoBrush);
+    // Stems behind the flowers, each a thin tapering blade: a fill costs a fraction of a stroke.
+    p.setPen(Qt::NoPen);
     for (int i = 0; i < 46; ++i) {
         const qreal x = s.between(-10, w + 10);
         const qreal top = s.between(h * 0.35, h * 0.8);
+        const QPointF bend(x + s.between(-20, 20), (top + h) / 2);
+        const QPointF tip(x + s.between(-14, 14), top);
         QPainterPath stem;
-        stem.moveTo(x, h + 2);
-        stem.quadTo(x + s.between(-20, 20), (top + h) / 2, x + s.between(-14, 14), top);
-        p.setPen(QPen(mix(QColor(50, 110, 44), QColor(120, 176, 80), s.next()), 1.3));
+        stem.moveTo(x - 1.2, h + 2);
+        stem.quadTo(bend - QPointF(0.8, 0), tip);
+        stem.quadTo(bend + QPointF(0.8, 0), QPointF(x + 1.2, h + 2));
+        p.setBrush(mix(QColor(50, 110, 44), QColor(120, 176, 80), s.next()));
         p.drawPath(stem);
     }
     struct Flower
