@@ -91,7 +91,9 @@ void Program::Main()
     if (!qobject_cast<QApplication *>(QCoreApplication::instance()) || !m_options.showMainWindow)
         return;
     // The picture buttons' keeper comes before any window that shows them.
-    auto *resources = new ResourcesForm(QCoreApplication::instance());
+    ResourcesForm *resources = ResourcesForm::find();
+    if (!resources)
+        resources = new ResourcesForm(QCoreApplication::instance());
     resources->setScheme(SchemePalettes::forScheme(st.settings().CurrentColorScheme));
     st.setFormLoaded(resources->objectName(), true);
     m_mainForm = m_options.showMainWindow(st);

@@ -1,5 +1,6 @@
 #include "app/Program.h"
 #include "app/SettingsFile.h"
+#include "appearance/ResourcesForm.h"
 #include "calendar/CalendarMonthExtForm.h"
 
 #include <QApplication>
@@ -268,6 +269,8 @@ TEST_F(ProgramMain, NothingIsSavedWhileTheSettingsWindowIsOpen)
 TEST_F(ProgramMain, UnloadsTheWindowsInOrder)
 {
     start();
+    EXPECT_TRUE(ResourcesForm::find()
+                && program->state().IsFormLoaded(QStringLiteral("RESOURCESFORM"), false));
     CloseRecorder recorder;
     mainWindow()->installEventFilter(&recorder);
     for (const char *name : { "TabAppForm", "ViewForm", "AboutForm", "ToolTipForm" }) {
@@ -283,6 +286,9 @@ TEST_F(ProgramMain, UnloadsTheWindowsInOrder)
                             QStringLiteral("CalendarMonthExtForm") }));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(program->NoMainFormLoaded());
+    // The button images are released after the windows.
+    EXPECT_FALSE(ResourcesForm::find()
+                 || program->state().IsFormLoaded(QStringLiteral("RESOURCESFORM"), false));
 }
 
 namespace {
