@@ -104,7 +104,8 @@ entry=/usr/share/applications/$id.desktop
 grep -qx "Icon=$id" "$entry" || fail "the menu entry names another icon"
 class=$(sed -n 's/^StartupWMClass=//p' "$entry")
 xprop -id "$win" WM_CLASS | grep -qF ", \"$class\"" || fail "window class is not '$class'"
-xprop -id "$win" _NET_WM_ICON | grep -qF 'Icon (22 x 22)' || fail "no window icon"
+icon=$(xprop -id "$win" _NET_WM_ICON) # whole: grep -q would end xprop early with SIGPIPE
+grep -qF 'Icon (22 x 22)' <<<"$icon" || fail "no window icon"
 # Ctrl+N starts the installed program again; Alt+Q closes each calendar, which saves.
 xdotool windowfocus --sync "$win" key ctrl+n
 wait_for_windows 2
