@@ -6,6 +6,31 @@
 #include "windowing/WindowBehaviour.h"
 
 #include <QApplication>
+#include <QIcon>
+#include <QResource>
+
+namespace {
+
+// The windows' icon, built into the program as bare pixels (red, green, blue, alpha, row after
+// row): an image decoder or an icon theme's look-up would cost the start several milliseconds.
+QIcon windowIcon()
+{
+    QIcon icon;
+    for (int size : { 16, 22, 24, 32, 48, 64, 128 }) {
+        const QByteArray pixels =
+            QResource(QStringLiteral(":/icons/%1.rgba").arg(size)).uncompressedData();
+        if (pixels.size() != size * size * 4)
+            continue;
+        const QImage image(reinterpret_cast<const uchar *>(pixels.constData()), size, size,
+                           QImage::Format_RGBA8888);
+        // Converting makes an image of its own, which outlives `pixels`.
+        icon.addPixmap(
+            QPixmap::fromImage(image.convertToFormat(QImage::Format_ARGB32_Premultiplied)));
+    }
+    return icon;
+}
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
@@ -17,6 +42,9 @@ int main(int argc, char *argv[])
     QApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("qlvcallt"));
     QCoreApplication::setApplicationVersion(QStringLiteral("1.0.1"));
+    // Ties the windows to the menu entry, so that taskbars show its name and icon.
+    QGuiApplication::setDesktopFileName(QStringLiteral(QLV_APP_ID));
+    QGuiApplication::setWindowIcon(windowIcon());
 
     ProgramOptions options;
     options.closeOnTerminationSignals = true;

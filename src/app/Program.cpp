@@ -52,7 +52,9 @@ void Program::Main()
     if (!m_options.fallbackHome.isNull())
         folderEnv.fallbackHome = m_options.fallbackHome;
     st.SettingsFolder = GetSettingsFolder(folderEnv, st.waitingFlag());
-    st.SettingsPath = st.SettingsFolder + QStringLiteral("qlvcal.ini");
+    // No folder at all: the calendar runs on its defaults and keeps nothing.
+    st.SettingsPath =
+        st.SettingsFolder.isEmpty() ? QString() : st.SettingsFolder + QStringLiteral("qlvcal.ini");
 
     SettingsContext context;
     context.settingsPath = st.SettingsPath;
