@@ -62,15 +62,6 @@ ShadowKeeper *keeperOf(const QWidget *window)
                   : nullptr;
 }
 
-void hideToolTip()
-{
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget *w : windows) {
-        if (w->objectName() == QStringLiteral("ToolTipForm") && w->isVisible())
-            w->hide();
-    }
-}
-
 // Blinks a control by swapping its style sheet, then puts the old one back.
 class Blinker : public QObject
 {

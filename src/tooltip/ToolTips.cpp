@@ -1,0 +1,173 @@
+#include "ToolTips.h"
+
+#include "ToolTipForm.h"
+#include "app/ProgramState.h"
+#include "windowing/CommonWindow.h"
+#include "windowing/WindowBehaviour.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QEvent>
+#include <QTimer>
+
+ToolTips &ToolTips::of(ProgramState &program)
+{
+    auto *tips = program.findChild<ToolTips *>(QString(), Qt::FindDirectChildrenOnly);
+    return tips ? *tips : *new ToolTips(program);
+}
+
+ToolTips::ToolTips(ProgramState &program)
+    : QObject(&program)
+    , m_program(program)
+    , m_state(program.settings())
+{
+    m_state.tipsBlocked = [this] { return tipsBlocked(); };
+    m_state.closeTip = [this] {
+        if (m_tip)
+            m_tip->unload();
+    };
+    m_state.loadTip = [this] { m_tip = ToolTipForm::load(m_program, m_state, m_requester); };
+    connect(&WindowBehaviour::of(program), &WindowBehaviour::toolTipHideRequested, this,
+            &ToolTips::hideToolTip);
+}
+
+TipRequests *ToolTips::attach(CommonWindow &window, TipTable table)
+{
+    return new TipRequests(of(window.program()), window, std::move(table));
+}
+
+ToolTipForm *ToolTips::toolTip() const
+{
+    return m_tip && !m_tip->unloaded() ? m_tip.data() : nullptr;
+}
+
+void ToolTips::hideToolTip()
+{
+    if (ToolTipForm *tip = toolTip()) {
+        tip->unload();
+        m_state.TipClosed = true;
+    }
+}
+
+bool ToolTips::tipsBlocked() const
+{
+    return m_program.Closing || m_program.IsBusy()
+        || QGuiApplication::mouseButtons() != Qt::NoButton;
+}
+
+void ToolTips::requestFrom(QWidget *window, const QString &english, const QString &russian)
+{
+    m_requester = window;
+    m_state.ShowTip(english, russian);
+}
+
+TipRequests::TipRequests(ToolTips &tips, CommonWindow &window, TipTable table)
+    : QObject(&window)
+    , m_tips(tips)
+    , m_window(window)
+    , m_table(std::move(table))
+    , m_timer(window.TimerToolTip)
+    , m_requester(tips.state())
+{
+    setObjectName(QStringLiteral("TipRequests"));
+    m_timer.setInterval(TipRequester::RequestMs);
+    m_timer.onTimeout([this] { TimerToolTipTimer(); });
+    refreshDescriptions();
+    // Enter and move events of any of the window's controls start the requests.
+    qApp->installEventFilter(this);
+}
+
+TipRequests::~TipRequests()
+{
+    qApp->removeEventFilter(this);
+}
+
+void TipRequests::TimerToolTipTimer()
+{
+    const QPoint pointer = QCursor::pos();
+    const bool mayShow = mayShowTips(pointer);
+    if (mayShow)
+        refreshDescriptions();
+    switch (m_requester.tick(pointer, mayShow)) {
+    case TipRequester::Tick::Stop:
+        m_timer.stop();
+        break;
+    case TipRequester::Tick::Moved:
+        for (const TipRow &row : std::as_const(m_table)) {
+            const QList<QWidget *> controls = controlsOf(row);
+            const bool hit = std::any_of(controls.begin(), controls.end(), [&](QWidget *w) {
+                return w->rect().contains(w->mapFromGlobal(pointer));
+            });
+            if (hit) {
+                const TipStyle style = TipStyle::fromSettings(m_window.program().settings());
+                m_tips.requestFrom(&m_window, TipTexts::englishTip(row, style),
+                                   TipTexts::russianTip(row, style));
+            }
+        }
+        break;
+    case TipRequester::Tick::Rested:
+        break;
+    }
+}
+
+bool TipRequests::mayShowTips(QPoint pointer) const
+{
+    if (!m_window.isVisible() || m_window.isMinimized() || !m_window.isEnabled()
+        || !m_window.frameGeometry().contains(pointer) || m_tips.tipsBlocked()
+        || QApplication::activePopupWidget()) {
+        return false;
+    }
+    // Only the program window in use shows tooltips.
+    const TabAppForm *tabApp = m_window.behaviour().tabApp();
+    const QWidget *active = tabApp ? tabApp->lastActiveWindow() : QApplication::activeWindow();
+    return !active || active == &m_window;
+}
+
+QList<QWidget *> TipRequests::controlsOf(const TipRow &row) const
+{
+    if (!row.control.endsWith(u'*')) {
+        QWidget *control = m_window.findChild<QWidget *>(row.control);
+        return control ? QList<QWidget *> { control } : QList<QWidget *> {};
+    }
+    const QString prefix = row.control.chopped(1);
+    QList<QWidget *> controls = m_window.findChildren<QWidget *>();
+    controls.removeIf([&](const QWidget *w) { return !w->objectName().startsWith(prefix); });
+    return controls;
+}
+
+void TipRequests::refreshDescriptions()
+{
+    const QString &language = m_window.program().settings().Language;
+    if (m_described && language == m_describedIn)
+        return;
+    m_described = true;
+    m_describedIn = language;
+    for (const TipRow &row : std::as_const(m_table)) {
+        const QString description = TipTexts::plainTip(row, language);
+        for (QWidget *control : controlsOf(row))
+            control->setAccessibleDescription(description);
+    }
+}
+
+bool TipRequests::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::Enter:
+    case QEvent::MouseMove:
+    case QEvent::HoverEnter:
+    case QEvent::Show:
+    case QEvent::WindowActivate:
+        break;
+    default:
+        return false;
+    }
+    auto *widget = qobject_cast<QWidget *>(watched);
+    if (!widget || widget->window() != &m_window)
+        return false;
+    if (event->type() == QEvent::Show || event->type() == QEvent::WindowActivate) {
+        refreshDescriptions();
+    } else if (!m_timer.isActive() && mayShowTips(QCursor::pos())) {
+        m_timer.start();
+    }
+    return false;
+}

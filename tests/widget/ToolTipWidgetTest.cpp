@@ -1,0 +1,156 @@
+#include "MainFormFixture.h"
+#include "tooltip/ToolTipForm.h"
+#include "tooltip/ToolTips.h"
+#include "windowing/Shadow.h"
+#include "windowing/WindowBehaviour.h"
+
+#include <QCursor>
+#include <QFrame>
+#include <QMouseEvent>
+#include <QTimer>
+
+#include <functional>
+
+namespace {
+
+class ToolTipTest : public MainFormTest
+{
+protected:
+    ToolTips &tips() { return ToolTips::of(*program); }
+    TipRequests *requests() { return form->findChild<TipRequests *>(); }
+    // Rests the pointer on the middle of a control; the window's next request tick sees it.
+    void restOn(const char *control)
+    {
+        QWidget *w = child(QString::fromLatin1(control));
+        QCursor::setPos(w->mapToGlobal(w->rect().center()));
+        requests()->TimerToolTipTimer();
+    }
+};
+
+struct LanguageRow
+{
+    const char *language;
+    const char *tip; // the sentence before the key
+    const char *description;
+};
+
+class SettingsTip : public ToolTipTest, public ::testing::WithParamInterface<LanguageRow>
+{ };
+
+TEST_P(SettingsTip, RestingOnSettingsAsksForItsTextWithTheF9Key)
+{
+    const LanguageRow &row = GetParam();
+    open(at(2026, 3, 12), QString::fromLatin1(row.language));
+    QWidget *settings = label("LabelSettings");
+    // The pointer coming over the window starts the requests.
+    QCursor::setPos(settings->mapToGlobal(settings->rect().center()));
+    QTest::mouseMove(settings);
+    EXPECT_TRUE(form->TimerToolTip->isActive());
+    EXPECT_EQ(form->TimerToolTip->interval(), 200);
+    restOn("LabelSettings");
+
+    EXPECT_EQ(tips().state().TipText,
+              QString::fromUtf8(row.tip)
+                  + QStringLiteral("</f 9, , , , ,0>(<\\f></f 8,b, , , ,0>F9<\\f>"
+                                   "</f 9, , , , ,0>)<\\f>"));
+    ToolTipForm *tip = tips().toolTip();
+    ASSERT_NE(tip, nullptr);
+    EXPECT_FALSE(tip->isVisible());
+    EXPECT_EQ(tip->TimerActuation->interval(), 1000);
+    EXPECT_TRUE(tip->TimerActuation->isActive());
+    EXPECT_EQ(tip->TimerCheckAreaForm->interval(), 107);
+    EXPECT_TRUE(program->IsFormLoaded(QStringLiteral("TOOLTIPFORM"), false));
+    EXPECT_EQ(settings->accessibleDescription(), QString::fromUtf8(row.description));
+    EXPECT_EQ(child(QStringLiteral("ButtDay17"))->accessibleDescription(),
+              row.language[0] == 'E' ? QStringLiteral("Select a day")
+                                     : QStringLiteral("Выбор дня месяца"));
+
+    // Away from the window the requests stop.
+    QCursor::setPos(form->frameGeometry().bottomRight() + QPoint(50, 50));
+    requests()->TimerToolTipTimer();
+    EXPECT_FALSE(form->TimerToolTip->isActive());
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, SettingsTip,
+                         ::testing::Values(LanguageRow { "English", "Open the Settings window  ",
+                                                         "Open the Settings window  (F9)" },
+                                           LanguageRow {
+                                               "Russian", "Открыть окно настроек программы  ",
+                                               "Открыть окно настроек программы  (F9)" }));
+
+TEST_F(ToolTipTest, CloseThenOkShowsNoNewTooltip)
+{
+    open(at(2026, 3, 12));
+    restOn("KnClose");
+    const QPointer<ToolTipForm> first = tips().toolTip();
+    ASSERT_FALSE(first.isNull());
+    restOn("KnOk");
+    EXPECT_EQ(tips().toolTip(), first.data());
+    restOn("KnMin");
+    EXPECT_TRUE(first.isNull() || !first->isVisible());
+    EXPECT_EQ(tips().state().TipText, QStringLiteral("Minimize"));
+}
+
+struct HideRow
+{
+    const char *name;
+    std::function<void(CalendarMonthExtForm &)> act;
+};
+
+class Hiding : public ToolTipTest, public ::testing::WithParamInterface<HideRow>
+{ };
+
+TEST_P(Hiding, TakesTheTooltipAway)
+{
+    open(at(2026, 3, 12));
+    restOn("ButtNew");
+    tips().state().TipClosed = false;
+    ASSERT_NE(tips().toolTip(), nullptr);
+    GetParam().act(*form);
+    EXPECT_EQ(tips().toolTip(), nullptr);
+    EXPECT_TRUE(tips().state().TipClosed);
+    EXPECT_FALSE(program->IsFormLoaded(QStringLiteral("TOOLTIPFORM"), false));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    KeyDragMinimise, Hiding,
+    ::testing::Values(
+        HideRow { "KeyDown", [](CalendarMonthExtForm &f) { QTest::keyPress(&f, Qt::Key_Right); } },
+        HideRow { "MoveOverTheDragArea",
+                  [](CalendarMonthExtForm &f) {
+                      QMouseEvent move(QEvent::MouseMove, QPointF(5, 5),
+                                       QPointF(f.FrameMove->mapToGlobal(QPoint(5, 5))),
+                                       Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+                      QApplication::sendEvent(f.FrameMove, &move);
+                  } },
+        HideRow { "KnMin", [](CalendarMonthExtForm &f) { f.KnMin->click(); } }),
+    [](const auto &row) { return std::string(row.param.name); });
+
+class ShownTip : public ToolTipTest, public ::testing::WithParamInterface<const char *>
+{ };
+
+// Shown above everything without taking the focus; the shadow exists only when shadows are on.
+TEST_P(ShownTip, TopmostWithoutFocusAndShadowOnlyWhenOn)
+{
+    open(at(2026, 3, 12));
+    program->ShadowMode = QString::fromLatin1(GetParam());
+    restOn("ButtUndo");
+    QPointer<ToolTipForm> tip = tips().toolTip();
+    ASSERT_FALSE(tip.isNull());
+    tip->TimerActuation->setInterval(0);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tip && tip->isVisible(); }));
+    EXPECT_TRUE(
+        tip->windowFlags().testFlags(Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus));
+    EXPECT_NE(QApplication::activeWindow(), tip.data());
+    EXPECT_TRUE(tip->TimerClose->isActive());
+    const Shadow *shadow = ShadowForm(tip);
+    EXPECT_EQ(shadow != nullptr, program->ShadowMode == QStringLiteral("Basic"));
+    if (shadow) {
+        EXPECT_TRUE(shadow->isVisible());
+        EXPECT_EQ(shadow->size(), tip->size());
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(ShadowModes, ShownTip, ::testing::Values("Basic", "No"));
+
+} // namespace
