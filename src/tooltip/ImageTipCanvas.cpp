@@ -5,6 +5,7 @@
 #include "appearance/CyrillicFont.h"
 
 #include <QFontInfo>
+#include <QGlyphRun>
 
 #include <algorithm>
 #include <cmath>
@@ -41,10 +42,10 @@ void ImageTipCanvas::setFont(const TipFont &font)
     f.setStrikeOut(font.strike);
     if (f == m_font)
         return;
+    flush();
     m_font = f;
     m_metrics = QFontMetricsF(m_font);
-    if (m_painter)
-        m_painter->setFont(m_font);
+    m_raw = QRawFont();
 }
 
 bool ImageTipCanvas::fontRenders() const
@@ -64,9 +65,11 @@ bool ImageTipCanvas::fontRenders() const
 
 void ImageTipCanvas::setTextColor(std::uint32_t bgr)
 {
-    m_ink = colorFromBgr(bgr);
-    if (m_painter)
-        m_painter->setPen(m_ink);
+    const QColor ink = colorFromBgr(bgr);
+    if (ink == m_ink)
+        return;
+    flush();
+    m_ink = ink;
 }
 
 std::int64_t ImageTipCanvas::textWidth(QStringView text) const
@@ -85,15 +88,14 @@ void ImageTipCanvas::clear(std::int64_t width, std::int64_t height)
 {
     m_painter.reset();
     const auto side = [this](std::int64_t length) {
-        const qreal px = std::ceil(pixels(length) * m_ratio);
-        return int(std::clamp<qreal>(px, 1, MaxSurfacePixels));
+        return int(std::ceil(std::clamp<qreal>(pixels(length), 1, MaxSurfacePixels) * m_ratio));
     };
     m_image = QImage(side(width), side(height), QImage::Format_RGB32);
     m_image.setDevicePixelRatio(m_ratio);
     m_image.fill(m_back);
     m_painter = std::make_unique<QPainter>(&m_image);
-    m_painter->setFont(m_font);
-    m_painter->setPen(m_ink);
+    m_runText.clear();
+    m_runPositions.clear();
 }
 
 void ImageTipCanvas::drawText(QPointF pen, QStringView text)
@@ -105,10 +107,50 @@ void ImageTipCanvas::drawText(QPointF pen, QStringView text)
     const QSizeF size = m_image.deviceIndependentSize();
     if (topLeft.x() > size.width() || topLeft.y() > size.height())
         return;
-    m_painter->drawText(topLeft + QPointF(0, m_metrics.ascent()), text.toString());
+    const QPointF baseline = topLeft + QPointF(0, m_metrics.ascent());
+    if (!m_runPositions.isEmpty() && m_runPositions.constLast().y() != baseline.y())
+        flush();
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        m_runText += text.at(i);
+        m_runPositions.append(baseline);
+    }
+}
+
+void ImageTipCanvas::flush()
+{
+    if (m_runText.isEmpty() || !m_painter) {
+        m_runText.clear();
+        m_runPositions.clear();
+        return;
+    }
+    if (!m_raw.isValid())
+        m_raw = QRawFont::fromFont(m_font);
+    QGlyphRun run;
+    run.setRawFont(m_raw);
+    QList<quint32> glyphs = m_raw.glyphIndexesForString(m_runText);
+    // A surrogate pair is one glyph at the position of its first half.
+    QList<QPointF> positions;
+    positions.reserve(glyphs.size());
+    for (qsizetype i = 0; i < m_runText.size() && positions.size() < glyphs.size(); ++i) {
+        positions.append(m_runPositions.at(i));
+        if (m_runText.at(i).isHighSurrogate() && i + 1 < m_runText.size()
+            && m_runText.at(i + 1).isLowSurrogate()) {
+            ++i;
+        }
+    }
+    glyphs.resize(positions.size());
+    run.setGlyphIndexes(glyphs);
+    run.setPositions(positions);
+    run.setUnderline(m_font.underline());
+    run.setStrikeOut(m_font.strikeOut());
+    m_painter->setPen(m_ink);
+    m_painter->drawGlyphRun(QPointF(0, 0), run);
+    m_runText.clear();
+    m_runPositions.clear();
 }
 
 void ImageTipCanvas::finish()
 {
+    flush();
     m_painter.reset();
 }

@@ -8,6 +8,7 @@
 #include <QHash>
 #include <QImage>
 #include <QPainter>
+#include <QRawFont>
 
 #include <memory>
 
@@ -15,8 +16,8 @@
 class ImageTipCanvas : public TipCanvas
 {
 public:
-    // The surface never grows past this many pixels a side, whatever the text.
-    static constexpr int MaxSurfacePixels = 4096;
+    // The surface never grows past this many logical pixels a side, whatever the text.
+    static constexpr int MaxSurfacePixels = 2048;
 
     explicit ImageTipCanvas(std::uint32_t backColor, qreal devicePixelRatio = 1.0);
     ~ImageTipCanvas() override;
@@ -35,6 +36,10 @@ public:
     void finish();
 
 private:
+    // Characters drawn one by one are collected while font, colour and line stay the same, and
+    // painted as one run of glyphs at their own positions.
+    void flush();
+
     QColor m_back;
     qreal m_ratio;
     QFont m_font;
@@ -42,5 +47,8 @@ private:
     QColor m_ink;
     QImage m_image;
     std::unique_ptr<QPainter> m_painter;
+    QRawFont m_raw;
+    QString m_runText;
+    QList<QPointF> m_runPositions;
     mutable QHash<QString, bool> m_rendering; // by face and size
 };

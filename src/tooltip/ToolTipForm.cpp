@@ -2,6 +2,7 @@
 
 #include "ImageTipCanvas.h"
 #include "TipPlacement.h"
+#include "ToolTips.h"
 #include "app/ProgramState.h"
 #include "appearance/BgrColor.h"
 #include "windowing/Shadow.h"
@@ -9,7 +10,6 @@
 #include "windowing/WindowBehaviour.h"
 
 #include <QCloseEvent>
-#include <QCursor>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScreen>
@@ -37,26 +37,27 @@ int pixelsOf(std::int64_t twips)
 
 } // namespace
 
-ToolTipForm *ToolTipForm::load(ProgramState &program, ToolTipState &state, QWidget *requester)
+ToolTipForm *ToolTipForm::load(ToolTips &tips, ProgramState &program, QWidget *requester)
 {
     // One tooltip at a time, and none while the program closes or is busy.
     if (program.IsFormLoaded(Name, false) || program.Closing || program.IsBusy())
         return nullptr;
-    return new ToolTipForm(program, state, requester);
+    return new ToolTipForm(tips, program, requester);
 }
 
-ToolTipForm::ToolTipForm(ProgramState &program, ToolTipState &state, QWidget *requester)
+ToolTipForm::ToolTipForm(ToolTips &tips, ProgramState &program, QWidget *requester)
     : QWidget(nullptr,
               Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint
                   | Qt::WindowDoesNotAcceptFocus)
+    , m_tips(tips)
     , m_program(program)
-    , m_state(state)
+    , m_state(tips.state())
     , m_requester(requester)
     , m_style(TipStyle::fromSettings(program.settings()))
     , m_actuation(namedTimer(this, "TimerActuation"))
     , m_close(namedTimer(this, "TimerClose"))
     , m_checkArea(namedTimer(this, "TimerCheckAreaForm"))
-    , m_timers(state, m_actuation, m_close, m_checkArea)
+    , m_timers(m_state, m_actuation, m_close, m_checkArea)
 {
     setObjectName(Name);
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -119,7 +120,7 @@ void ToolTipForm::paintEvent(QPaintEvent *)
 
 void ToolTipForm::showByPointer()
 {
-    const QPoint pointer = QCursor::pos();
+    const QPoint pointer = m_tips.pointerPosition();
     const QScreen *screen = QGuiApplication::screenAt(pointer);
     if (!screen)
         screen = QGuiApplication::primaryScreen();
@@ -139,12 +140,8 @@ void ToolTipForm::showByPointer()
 
 bool ToolTipForm::pointerTest() const
 {
-    const QPoint pointer = QCursor::pos();
-    if (!m_requester || !m_requester->isVisible())
-        return true;
-    if (isVisible() && frameGeometry().contains(pointer))
-        return true;
-    return !m_requester->frameGeometry().contains(pointer);
+    // Over the tooltip itself, the pointer is over no other window.
+    return !m_requester || !m_requester->isVisible() || !m_tips.pointerIsOver(m_requester);
 }
 
 void ToolTipForm::unload()

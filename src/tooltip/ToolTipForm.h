@@ -10,6 +10,7 @@
 
 class ProgramState;
 class QTimer;
+class ToolTips;
 
 // The tooltip window: the text of ToolTipState::TipText in the program's mark-up, framed, shown
 // near the pointer after its delay, above every window and without taking the focus.
@@ -20,7 +21,7 @@ class ToolTipForm : public QWidget
 public:
     // Loads a tooltip for the shared TipText on behalf of `requester`, or turns it away (null)
     // while another tooltip is loaded or the program is closing or busy.
-    static ToolTipForm *load(ProgramState &program, ToolTipState &state, QWidget *requester);
+    static ToolTipForm *load(ToolTips &tips, ProgramState &program, QWidget *requester);
     ~ToolTipForm() override;
 
     // Hides the window now and deletes it soon, whether shown or still waiting.
@@ -41,13 +42,14 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    ToolTipForm(ProgramState &program, ToolTipState &state, QWidget *requester);
+    ToolTipForm(ToolTips &tips, ProgramState &program, QWidget *requester);
     void layOut();
     // Places the window by the pointer and shows it above its shadow.
     void showByPointer();
     // The early close: the pointer is on the tooltip or has left the window that asked for it.
     bool pointerTest() const;
 
+    ToolTips &m_tips;
     ProgramState &m_program;
     ToolTipState &m_state;
     QPointer<QWidget> m_requester;

@@ -6,9 +6,10 @@
 #include "windowing/WindowBehaviour.h"
 
 #include <QApplication>
-#include <QCursor>
-#include <QEvent>
+#include <QEnterEvent>
+#include <QMouseEvent>
 #include <QTimer>
+#include <QWindow>
 
 ToolTips &ToolTips::of(ProgramState &program)
 {
@@ -23,17 +24,22 @@ ToolTips::ToolTips(ProgramState &program)
 {
     m_state.tipsBlocked = [this] { return tipsBlocked(); };
     m_state.closeTip = [this] {
-        if (m_tip)
-            m_tip->unload();
+        if (ToolTipForm *tip = toolTip())
+            tip->unload();
     };
-    m_state.loadTip = [this] { m_tip = ToolTipForm::load(m_program, m_state, m_requester); };
+    m_state.loadTip = [this] { m_tip = ToolTipForm::load(*this, m_program, m_requester); };
     connect(&WindowBehaviour::of(program), &WindowBehaviour::toolTipHideRequested, this,
             &ToolTips::hideToolTip);
+    // Every window's pointer events pass here first, before any widget sees them.
+    qApp->installEventFilter(this);
 }
 
 TipRequests *ToolTips::attach(CommonWindow &window, TipTable table)
 {
-    return new TipRequests(of(window.program()), window, std::move(table));
+    ToolTips &tips = of(window.program());
+    auto *requests = new TipRequests(tips, window, std::move(table));
+    tips.m_requests.append(requests);
+    return requests;
 }
 
 ToolTipForm *ToolTips::toolTip() const
@@ -49,6 +55,11 @@ void ToolTips::hideToolTip()
     }
 }
 
+bool ToolTips::pointerIsOver(const QWidget *window) const
+{
+    return window && m_pointerWindow && m_pointerWindow == window->windowHandle();
+}
+
 bool ToolTips::tipsBlocked() const
 {
     return m_program.Closing || m_program.IsBusy()
@@ -59,6 +70,28 @@ void ToolTips::requestFrom(QWidget *window, const QString &english, const QStrin
 {
     m_requester = window;
     m_state.ShowTip(english, russian);
+}
+
+bool ToolTips::eventFilter(QObject *watched, QEvent *event)
+{
+    const QEvent::Type type = event->type();
+    if ((type != QEvent::MouseMove && type != QEvent::Enter && type != QEvent::Leave)
+        || !watched->isWindowType()) {
+        return false;
+    }
+    auto *window = static_cast<QWindow *>(watched);
+    if (type == QEvent::Leave) {
+        if (m_pointerWindow == window)
+            m_pointerWindow = nullptr;
+        return false;
+    }
+    m_pointerWindow = window;
+    m_pointer = static_cast<QSinglePointEvent *>(event)->globalPosition().toPoint();
+    for (const QPointer<TipRequests> &requests : std::as_const(m_requests)) {
+        if (requests && requests->window().windowHandle() == window)
+            requests->pointerMoved();
+    }
+    return false;
 }
 
 TipRequests::TipRequests(ToolTips &tips, CommonWindow &window, TipTable table)
@@ -73,19 +106,21 @@ TipRequests::TipRequests(ToolTips &tips, CommonWindow &window, TipTable table)
     m_timer.setInterval(TipRequester::RequestMs);
     m_timer.onTimeout([this] { TimerToolTipTimer(); });
     refreshDescriptions();
-    // Enter and move events of any of the window's controls start the requests.
-    qApp->installEventFilter(this);
+    window.installEventFilter(this);
 }
 
-TipRequests::~TipRequests()
+TipRequests::~TipRequests() = default;
+
+void TipRequests::pointerMoved()
 {
-    qApp->removeEventFilter(this);
+    if (!m_timer.isActive() && mayShowTips())
+        m_timer.start();
 }
 
 void TipRequests::TimerToolTipTimer()
 {
-    const QPoint pointer = QCursor::pos();
-    const bool mayShow = mayShowTips(pointer);
+    const QPoint pointer = m_tips.pointerPosition();
+    const bool mayShow = mayShowTips();
     if (mayShow)
         refreshDescriptions();
     switch (m_requester.tick(pointer, mayShow)) {
@@ -110,10 +145,10 @@ void TipRequests::TimerToolTipTimer()
     }
 }
 
-bool TipRequests::mayShowTips(QPoint pointer) const
+bool TipRequests::mayShowTips() const
 {
     if (!m_window.isVisible() || m_window.isMinimized() || !m_window.isEnabled()
-        || !m_window.frameGeometry().contains(pointer) || m_tips.tipsBlocked()
+        || !m_tips.pointerIsOver(&m_window) || m_tips.tipsBlocked()
         || QApplication::activePopupWidget()) {
         return false;
     }
@@ -151,23 +186,10 @@ void TipRequests::refreshDescriptions()
 
 bool TipRequests::eventFilter(QObject *watched, QEvent *event)
 {
-    switch (event->type()) {
-    case QEvent::Enter:
-    case QEvent::MouseMove:
-    case QEvent::HoverEnter:
-    case QEvent::Show:
-    case QEvent::WindowActivate:
-        break;
-    default:
-        return false;
-    }
-    auto *widget = qobject_cast<QWidget *>(watched);
-    if (!widget || widget->window() != &m_window)
-        return false;
-    if (event->type() == QEvent::Show || event->type() == QEvent::WindowActivate) {
+    // A language chosen meanwhile reaches the descriptions when the window comes back.
+    if (watched == &m_window
+        && (event->type() == QEvent::Show || event->type() == QEvent::WindowActivate)) {
         refreshDescriptions();
-    } else if (!m_timer.isActive() && mayShowTips(QCursor::pos())) {
-        m_timer.start();
     }
     return false;
 }

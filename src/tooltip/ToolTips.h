@@ -8,6 +8,7 @@
 
 class CommonWindow;
 class ProgramState;
+class QWindow;
 class TipRequests;
 class ToolTipForm;
 
@@ -32,6 +33,14 @@ public:
     // Closes any tooltip; the same text is still not asked for twice in a row.
     void hideToolTip();
 
+    // Where the pointer was last seen on the screen, and whether it is over `window` now. Kept
+    // from the windows' pointer events, so that no timer tick has to ask the display server.
+    QPoint pointerPosition() const { return m_pointer; }
+    bool pointerIsOver(const QWidget *window) const;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     friend class TipRequests;
     explicit ToolTips(ProgramState &program);
@@ -42,6 +51,9 @@ private:
     ToolTipState m_state;
     QPointer<ToolTipForm> m_tip;
     QPointer<QWidget> m_requester;
+    QList<QPointer<TipRequests>> m_requests;
+    QPoint m_pointer;
+    QPointer<QWindow> m_pointerWindow;
 };
 
 // The requests of one window: each TimerToolTip tick tests the controls of its table under the
@@ -55,15 +67,17 @@ public:
     ~TipRequests() override;
 
     void TimerToolTipTimer();
+    // The pointer moved over the window: the requests start when tooltips may show.
+    void pointerMoved();
     // Writes the accessible descriptions in the language in force.
     void refreshDescriptions();
-    const TipRequester &requester() const { return m_requester; }
+    CommonWindow &window() const { return m_window; }
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    bool mayShowTips(QPoint pointer) const;
+    bool mayShowTips() const;
     QList<QWidget *> controlsOf(const TipRow &row) const;
 
     ToolTips &m_tips;

@@ -23,6 +23,7 @@ protected:
     {
         QWidget *w = child(QString::fromLatin1(control));
         QCursor::setPos(w->mapToGlobal(w->rect().center()));
+        QCoreApplication::processEvents();
         requests()->TimerToolTipTimer();
     }
 };
@@ -44,7 +45,7 @@ TEST_P(SettingsTip, RestingOnSettingsAsksForItsTextWithTheF9Key)
     QWidget *settings = label("LabelSettings");
     // The pointer coming over the window starts the requests.
     QCursor::setPos(settings->mapToGlobal(settings->rect().center()));
-    QTest::mouseMove(settings);
+    QCoreApplication::processEvents();
     EXPECT_TRUE(form->TimerToolTip->isActive());
     EXPECT_EQ(form->TimerToolTip->interval(), 200);
     restOn("LabelSettings");
@@ -67,6 +68,7 @@ TEST_P(SettingsTip, RestingOnSettingsAsksForItsTextWithTheF9Key)
 
     // Away from the window the requests stop.
     QCursor::setPos(form->frameGeometry().bottomRight() + QPoint(50, 50));
+    QCoreApplication::processEvents();
     requests()->TimerToolTipTimer();
     EXPECT_FALSE(form->TimerToolTip->isActive());
 }
