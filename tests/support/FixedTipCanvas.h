@@ -2,14 +2,10 @@
 
 #include "tooltip/TipLayout.h"
 
-#include <QString>
-
-#include <algorithm>
 #include <vector>
 
-// Text metrics without fonts: every character is 10 twips wide per point (plus 1 per point when
-// bold), a line is 20 twips tall per point. Only "Arial" and "MS Sans Serif" exist. Each drawn
-// character is kept with where and how it was drawn.
+// Text metrics without fonts: a character is 10 twips wide per point (11 when bold), a line 20
+// twips tall per point; only "Arial" and "MS Sans Serif" exist. Every drawing is kept.
 class FixedTipCanvas : public TipCanvas
 {
 public:

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <limits>
 #include <map>
 
@@ -18,28 +19,15 @@ inline void PrintTo(const TipSize &size, std::ostream *os)
 
 namespace {
 
-// What was drawn, one "text@x,y/size flags [face] #colour" per character.
+// What was drawn, one "text@x,y/size[b][i][u][s][~face]#colour" per character.
 QString drawn(const FixedTipCanvas &canvas)
 {
     QStringList out;
-    for (const FixedTipCanvas::Draw &d : canvas.draws) {
-        const TipFont &f = d.font;
-        QString flags = QString::number(f.size);
-        const std::pair<bool, char16_t> switches[] = {
-            { f.bold, u'b' }, { f.italic, u'i' }, { f.underline, u'u' }, { f.strike, u's' }
-        };
-        for (const auto &[on, letter] : switches) {
-            if (on)
-                flags += QChar(letter);
-        }
-        if (f.face != QStringLiteral("Arial"))
-            flags += u'~' + f.face;
-        out << QStringLiteral("%1@%2,%3/%4#%5")
-                   .arg(d.text)
-                   .arg(d.pen.x())
-                   .arg(d.pen.y())
-                   .arg(flags)
-                   .arg(d.color);
+    for (const auto &[pen, text, f, color] : canvas.draws) {
+        QString look = QString::number(f.size) + QString(f.bold ? u"b"_s : u""_s)
+            + (f.italic ? u"i"_s : u""_s) + (f.underline ? u"u"_s : u""_s)
+            + (f.strike ? u"s"_s : u""_s) + (f.face == u"Arial"_s ? u""_s : u'~' + f.face);
+        out << u"%1@%2,%3/%4#%5"_s.arg(text).arg(pen.x()).arg(pen.y()).arg(look).arg(color);
     }
     return out.join(u' ');
 }
@@ -47,10 +35,10 @@ QString drawn(const FixedTipCanvas &canvas)
 struct LayoutRow
 {
     const char *name;
-    QString text;
+    const char16_t *text;
     TipSize size;
-    QString drawn;
-    QString face = QStringLiteral("Arial");
+    const char16_t *drawn;
+    const char16_t *face = u"Arial";
 };
 
 class LayoutTable : public ::testing::TestWithParam<LayoutRow>
@@ -61,56 +49,45 @@ TEST_P(LayoutTable, SizesAndDrawsOnFixedMetrics)
 {
     const LayoutRow &row = GetParam();
     TipStyle style;
-    style.fontName = row.face;
+    style.fontName = QString::fromUtf16(row.face);
     style.foreColor = 7;
     FixedTipCanvas canvas;
     TipLayout layout(canvas, style);
-    EXPECT_EQ(layout.DrawTipText(row.text, true), row.size);
-    EXPECT_EQ(drawn(canvas), row.drawn);
+    const QString text = QString::fromUtf16(row.text);
+    EXPECT_EQ(layout.DrawTipText(text, true), row.size);
+    EXPECT_EQ(drawn(canvas), QString::fromUtf16(row.drawn));
     EXPECT_GE(layout.provisionalSize().width, row.size.width);
     EXPECT_GE(layout.provisionalSize().height, row.size.height);
     // The measuring pass gives the same size and leaves the drawing alone.
-    EXPECT_EQ(layout.DrawTipText(row.text, false), row.size);
-    EXPECT_EQ(drawn(canvas), row.drawn);
+    EXPECT_EQ(layout.DrawTipText(text, false), row.size);
+    EXPECT_EQ(drawn(canvas), QString::fromUtf16(row.drawn));
 }
 
+// Tags are never drawn; a larger tag leaves the line height alone; a carriage return starts a
+// line one base height down at the left margin; missing fields give size 0 (the smallest),
+// no attributes, colour 0; only the exact letters switch attributes on.
 INSTANTIATE_TEST_SUITE_P(
     Tips, LayoutTable,
     ::testing::Values(
-        LayoutRow { "EmptyText", u""_s, { 90, 15 }, u""_s },
-        LayoutRow { "CarriageReturnStartsALineOneBaseHeightDown",
-                    u"A\rB"_s,
-                    { 270, 390 },
-                    u"A@90,15/9#7 B@90,195/9#7"_s },
-        LayoutRow { "LargerTagKeepsTheLineHeight",
-                    u"</f 20,b, , , ,255>X<\\f>Y"_s,
+        LayoutRow { "Empty", u"", { 90, 15 }, u"" },
+        LayoutRow { "CarriageReturn", u"A\rB", { 270, 390 }, u"A@90,15/9#7 B@90,195/9#7" },
+        LayoutRow { "Larger",
+                    u"</f 20,b, , , ,255>X<\\f>Y",
                     { 490, 210 },
-                    u"X@90,15/20b#255 Y@310,15/9#7"_s },
-        LayoutRow { "TagsAreNeverDrawn",
-                    u"</fig 11,b, , , ,255>F9<\\f>"_s,
+                    u"X@90,15/20b#255 Y@310,15/9#7" },
+        LayoutRow { "F9",
+                    u"</fig 11,b, , , ,255>F9<\\f>",
                     { 422, 210 },
-                    u"F@90,15/11b#255 9@211,15/11b#255"_s },
-        LayoutRow { "EndsInsideAnOpeningTag",
-                    u"AB</f 11,b"_s,
-                    { 360, 210 },
-                    u"A@90,15/9#7 B@180,15/9#7"_s },
-        LayoutRow {
-            "MissingFieldsGiveSmallestPlainBlack", u"</f >Z"_s, { 190, 210 }, u"Z@90,15/1#0"_s },
-        LayoutRow {
-            "OnlyExactLettersSwitch", u"</f 9,B,i,U,s,3>Q"_s, { 270, 210 }, u"Q@90,15/9is#3"_s },
-        LayoutRow { "HugeAndNonNumericSizesAreClamped",
-                    u"</f 10000, , , , ,1>W<\\f></f x, , , , ,1>V"_s,
+                    u"F@90,15/11b#255 9@211,15/11b#255" },
+        LayoutRow { "EndsInTag", u"AB</f 11,b", { 360, 210 }, u"A@90,15/9#7 B@180,15/9#7" },
+        LayoutRow { "MissingFields", u"</f >Z", { 190, 210 }, u"Z@90,15/1#0" },
+        LayoutRow { "ExactLetters", u"</f 9,B,i,U,s,3>Q", { 270, 210 }, u"Q@90,15/9is#3" },
+        LayoutRow { "Clamped",
+                    u"</f 10000, , , , ,1>W<\\f></f x, , , , ,1>V",
                     { 910, 210 },
-                    u"W@90,15/72#1 V@810,15/1#1"_s },
-        LayoutRow { "ColourOutOfRangeKeepsTheInk",
-                    u"</f 9, , , , ,16777216>C"_s,
-                    { 270, 210 },
-                    u"C@90,15/9#7"_s },
-        LayoutRow { "MissingFaceFallsBack",
-                    u"M"_s,
-                    { 270, 210 },
-                    u"M@90,15/9~MS Sans Serif#7"_s,
-                    u"Nowhere"_s }),
+                    u"W@90,15/72#1 V@810,15/1#1" },
+        LayoutRow { "BadColour", u"</f 9, , , , ,16777216>C", { 270, 210 }, u"C@90,15/9#7" },
+        LayoutRow { "NoFace", u"M", { 270, 210 }, u"M@90,15/9~MS Sans Serif#7", u"Nowhere" }),
     [](const auto &row) { return std::string(row.param.name); });
 
 TEST(TipMarkup, FontTagsAsTheLayoutReadsThem)
@@ -124,10 +101,9 @@ TEST(TipMarkup, FontTagsAsTheLayoutReadsThem)
     EXPECT_EQ(MakeFontTag(style, u"x"_s, 1, true, true, true, true, 0), QString());
     style.fontSize = std::numeric_limits<std::int32_t>::min();
     EXPECT_EQ(MakeFontTag(style, u"x"_s, -1, true, true, true, true, 0), QString());
-    EXPECT_EQ(GetDelimitedField(u"9,b,,0", 3, u","), QString());
-    EXPECT_EQ(GetDelimitedField(u"9,b,,0", 4, u","), u"0"_s);
-    EXPECT_EQ(GetDelimitedField(u"9,b,,0", 5, u","), QString());
-    EXPECT_EQ(GetDelimitedField(u"9,b,,0", 0, u","), QString());
+    for (int i : { 0, 1, 2, 3, 4, 5 })
+        EXPECT_EQ(GetDelimitedField(u"9,b,,0", i, u","),
+                  QStringList({ {}, u"9"_s, u"b"_s, {}, u"0"_s, {} }).at(i));
 }
 
 struct PlaceRow
@@ -169,22 +145,18 @@ INSTANTIATE_TEST_SUITE_P(
         PlaceRow { "BottomLeftCorner", { 0, 11999 }, false, { 15, 11249 } }),
     [](const auto &row) { return std::string(row.param.name); });
 
-// Light green on Blue, light yellow on Black, Green and Pink, white on Yellow and GrayScale,
-// pale yellow on White; red frames except the grey of GrayScale; black text everywhere.
+// The tooltip colours of each scheme: back and frame as designed, black text everywhere.
 TEST(TipColours, EverySchemeAsDesigned)
 {
-    const std::map<QString, std::pair<std::uint32_t, std::uint32_t>> expected {
-        { u"Blue"_s, { 0xC6FFC6, 255 } },          { u"Green"_s, { 0xC6FFFF, 255 } },
-        { u"Black"_s, { 0xC6FFFF, 255 } },         { u"White"_s, { 0xEAFFFF, 255 } },
-        { u"Yellow"_s, { 0xFFFFFF, 255 } },        { u"Pink"_s, { 0xC6FFFF, 255 } },
-        { u"GrayScale"_s, { 0xFFFFFF, 5789784 } },
+    const std::map<QString, std::array<std::uint32_t, 3>> expected {
+        { u"Blue"_s, { 0xC6FFC6, 255, 0 } },          { u"Green"_s, { 0xC6FFFF, 255, 0 } },
+        { u"Black"_s, { 0xC6FFFF, 255, 0 } },         { u"White"_s, { 0xEAFFFF, 255, 0 } },
+        { u"Yellow"_s, { 0xFFFFFF, 255, 0 } },        { u"Pink"_s, { 0xC6FFFF, 255, 0 } },
+        { u"GrayScale"_s, { 0xFFFFFF, 5789784, 0 } },
     };
     ASSERT_EQ(SchemePalettes::end() - SchemePalettes::begin(), 7);
-    for (const SchemePalette *p = SchemePalettes::begin(); p != SchemePalettes::end(); ++p) {
-        EXPECT_EQ(std::make_pair(p->tipBack, p->tipBorder), expected.at(p->name))
-            << p->name.toStdString();
-        EXPECT_EQ(p->tipText, 0u) << p->name.toStdString();
-    }
+    for (const SchemePalette *p = SchemePalettes::begin(); p != SchemePalettes::end(); ++p)
+        EXPECT_EQ((std::array { p->tipBack, p->tipBorder, p->tipText }), expected.at(p->name));
 }
 
 } // namespace
