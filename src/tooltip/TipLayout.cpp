@@ -77,9 +77,9 @@ TipSize TipLayout::DrawTipText(const QString &text, bool draw)
     if (draw)
         m_canvas.clear(m_provisional.width, m_provisional.height);
 
+    // Printing moves the pen along its line only, so the pen's top is always the line top.
     std::int64_t lineTop = topMargin;
     std::int64_t penX = LeftMargin;
-    std::int64_t penY = lineTop;
     std::int64_t right = 0;
     std::int64_t bottom = 0;
     const QStringView rest(text);
@@ -101,18 +101,15 @@ TipSize TipLayout::DrawTipText(const QString &text, bool draw)
         if (rest.mid(i).startsWith(TipTags::Close)) {
             i += TipTags::Close.size() - 1;
             ResetTipFont();
-            // Text after a larger tag goes on at the same line top.
-            penY = lineTop;
             continue;
         }
         const QStringView character = rest.mid(i, 1);
         if (character.front() == u'\r') {
             penX = LeftMargin;
             lineTop += m_lineHeight;
-            penY = lineTop;
         } else {
             if (draw)
-                m_canvas.drawText(QPointF(double(penX), double(penY)), character);
+                m_canvas.drawText(QPointF(double(penX), double(lineTop)), character);
             penX += m_canvas.textWidth(character);
         }
         bottom = std::max(bottom, lineTop + m_lineHeight);

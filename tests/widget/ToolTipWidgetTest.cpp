@@ -2,6 +2,7 @@
 #include "tooltip/ToolTipForm.h"
 #include "tooltip/ToolTips.h"
 #include "windowing/Shadow.h"
+#include "windowing/WindowBehaviour.h"
 
 #include <QCursor>
 #include <QMouseEvent>
@@ -43,7 +44,8 @@ TEST_P(SettingsTip, RestingOnSettingsAsksForItsTextWithTheF9Key)
     EXPECT_TRUE(form->TimerToolTip->isActive()); // the pointer came over the window
     EXPECT_EQ(tips().state().TipText,
               QString::fromUtf8(row.sentence)
-                  + u"</f 9, , , , ,0>(<\\f></f 8,b, , , ,0>F9<\\f></f 9, , , , ,0>)<\\f>");
+                  + QStringLiteral(
+                      "</f 9, , , , ,0>(<\\f></f 8,b, , , ,0>F9<\\f></f 9, , , , ,0>)<\\f>"));
     const ToolTipForm *tip = tips().toolTip();
     ASSERT_NE(tip, nullptr);
     EXPECT_FALSE(tip->isVisible());
