@@ -39,6 +39,6 @@ shoot() { # name language locale compositor(0/1) control-x control-y
   xvfb_stop
 }
 
-# LabelSettings and KnCopy, at the middle of each.
+# LabelSettings, and ListMonth so that the shadow falls on the window body.
 shoot tooltip-f9-english English en_US.UTF-8 0 63 257
-shoot tooltip-russian-shadow Russian ru_RU.UTF-8 1 329 17
+shoot tooltip-russian-shadow Russian ru_RU.UTF-8 1 147 48
