@@ -110,10 +110,8 @@ void ImageTipCanvas::drawText(QPointF pen, QStringView text)
     const QPointF baseline = topLeft + QPointF(0, m_metrics.ascent());
     if (!m_runPositions.isEmpty() && m_runPositions.constLast().y() != baseline.y())
         flush();
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        m_runText += text.at(i);
-        m_runPositions.append(baseline);
-    }
+    m_runText += text;
+    m_runPositions.insert(m_runPositions.size(), text.size(), baseline);
 }
 
 void ImageTipCanvas::flush()

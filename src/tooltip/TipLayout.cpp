@@ -20,9 +20,9 @@ int clampedSize(double points)
 
 } // namespace
 
-TipLayout::TipLayout(TipCanvas &canvas, const TipStyle &style)
+TipLayout::TipLayout(TipCanvas &canvas, TipStyle style)
     : m_canvas(canvas)
-    , m_style(style)
+    , m_style(std::move(style))
 { }
 
 void TipLayout::applyFont(TipFont font)

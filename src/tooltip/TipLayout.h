@@ -61,7 +61,7 @@ public:
     static constexpr int MaxFontSize = 72;
     static inline const QString FallbackFace = QStringLiteral("MS Sans Serif");
 
-    TipLayout(TipCanvas &canvas, const TipStyle &style);
+    TipLayout(TipCanvas &canvas, TipStyle style);
 
     // The base font and colour.
     void ResetTipFont();

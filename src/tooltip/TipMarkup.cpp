@@ -26,7 +26,7 @@ QString MakeFontTag(const TipStyle &style, const QString &text, std::int64_t siz
     const std::int64_t size = std::int64_t { style.fontSize } + sizeStep;
     if (size > std::numeric_limits<std::int32_t>::max()
         || size < std::numeric_limits<std::int32_t>::min()) {
-        return QString();
+        return {};
     }
     const auto flag = [](TipSwitch on, char16_t letter) { return QChar(on.on() ? letter : u' '); };
     QString tag = TipTags::Open.toString();
@@ -53,13 +53,15 @@ QString FormatProgramName(const TipStyle &style, const QString &text)
 
 QString GetDelimitedField(QStringView text, int index, QStringView separator)
 {
-    if (index < 1 || separator.isEmpty())
+    if (index < 1)
+        return {};
+    if (separator.isEmpty())
         return index == 1 ? text.toString() : QString();
     qsizetype start = 0;
     for (int piece = 1; piece < index; ++piece) {
         const qsizetype next = text.indexOf(separator, start);
         if (next < 0)
-            return QString();
+            return {};
         start = next + separator.size();
     }
     const qsizetype end = text.indexOf(separator, start);

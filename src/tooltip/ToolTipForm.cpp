@@ -86,8 +86,7 @@ ToolTipForm::ToolTipForm(ToolTips &tips, ProgramState &program, QWidget *request
 
 ToolTipForm::~ToolTipForm()
 {
-    if (!m_unloaded)
-        m_program.setFormLoaded(Name, false);
+    unload();
 }
 
 void ToolTipForm::layOut()
@@ -105,7 +104,7 @@ void ToolTipForm::layOut()
     setAccessibleName(plain);
 }
 
-void ToolTipForm::paintEvent(QPaintEvent *)
+void ToolTipForm::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
     painter.fillRect(rect(), colorFromBgr(m_style.backColor));
@@ -153,6 +152,8 @@ void ToolTipForm::unload()
     TimerClose->stop();
     TimerCheckAreaForm->stop();
     hide();
+    // The shadow goes now: what is left until the deletion touches nothing of the program.
+    delete findChild<ShadowKeeper *>(QString(), Qt::FindDirectChildrenOnly);
     // From now on no look-up by name finds this window, and another tooltip may load.
     setObjectName(QString());
     m_program.setFormLoaded(Name, false);

@@ -38,6 +38,7 @@ TipRequests *ToolTips::attach(CommonWindow &window, TipTable table)
 {
     ToolTips &tips = of(window.program());
     auto *requests = new TipRequests(tips, window, std::move(table));
+    tips.m_requests.removeAll(nullptr);
     tips.m_requests.append(requests);
     return requests;
 }
@@ -109,7 +110,14 @@ TipRequests::TipRequests(ToolTips &tips, CommonWindow &window, TipTable table)
     window.installEventFilter(this);
 }
 
-TipRequests::~TipRequests() = default;
+TipRequests::~TipRequests()
+{
+    // A tooltip does not outlive the window that asked for it.
+    if (m_tips.m_requester == &m_window) {
+        m_tips.m_state.closeTip();
+        m_tips.m_requester = nullptr;
+    }
+}
 
 void TipRequests::pointerMoved()
 {
@@ -161,7 +169,7 @@ bool TipRequests::mayShowTips() const
 QList<QWidget *> TipRequests::controlsOf(const TipRow &row) const
 {
     if (!row.control.endsWith(u'*')) {
-        QWidget *control = m_window.findChild<QWidget *>(row.control);
+        auto *control = m_window.findChild<QWidget *>(row.control);
         return control ? QList<QWidget *> { control } : QList<QWidget *> {};
     }
     const QString prefix = row.control.chopped(1);

@@ -50,7 +50,7 @@ private:
     ProgramState &m_program;
     ToolTipState m_state;
     QPointer<ToolTipForm> m_tip;
-    QPointer<QWidget> m_requester;
+    QWidget *m_requester = nullptr; // the window that asked last; cleared when it goes
     QList<QPointer<TipRequests>> m_requests;
     QPoint m_pointer;
     QPointer<QWindow> m_pointerWindow;

@@ -133,6 +133,8 @@ TEST_P(ShownTip, TopmostWithoutFocusAndShadowOnlyWhenOn)
     const Shadow *shadow = ShadowForm(tip);
     ASSERT_EQ(shadow != nullptr, program->ShadowMode == QStringLiteral("Basic"));
     EXPECT_TRUE(!shadow || (shadow->isVisible() && shadow->size() == tip->size()));
+    delete form.data(); // the tooltip goes with the window that asked for it
+    EXPECT_FALSE(program->IsFormLoaded(QStringLiteral("TOOLTIPFORM"), false));
 }
 
 INSTANTIATE_TEST_SUITE_P(ShadowModes, ShownTip, ::testing::Values("Basic", "No"));
