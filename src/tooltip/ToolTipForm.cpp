@@ -86,7 +86,8 @@ ToolTipForm::ToolTipForm(ToolTips &tips, ProgramState &program, QWidget *request
 
 ToolTipForm::~ToolTipForm()
 {
-    unload();
+    if (!m_unloaded)
+        m_program.setFormLoaded(Name, false);
 }
 
 void ToolTipForm::layOut()
