@@ -90,6 +90,13 @@ public:
     // For Shadow windows: the shared loaded flag counts the ones alive.
     void shadowLoaded(bool loaded);
 
+    // Hides any tooltip, shown or waiting: a key, a drag or minimising asks for it. The tooltip
+    // piece, which this folder does not know, answers toolTipHideRequested.
+    void hideToolTip() { Q_EMIT toolTipHideRequested(); }
+
+Q_SIGNALS:
+    void toolTipHideRequested();
+
 private:
     explicit WindowBehaviour(ProgramState &program);
 

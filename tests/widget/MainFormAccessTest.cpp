@@ -10,7 +10,7 @@ struct AccessRow
 {
     const char *language;
     const char *previousMonth; // what the picture button says
-    const char *month; // the month list
+    const char *month; // what the month list chooses: its tooltip
     const char *blankCell; // the first cell of March 2026, weeks from Monday
 };
 
@@ -49,12 +49,12 @@ TEST_P(ScreenReader, NamesEveryControlInTheWindowsLanguage)
                   + label("LabelActDate2Val")->text());
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, ScreenReader,
-                         ::testing::Values(AccessRow { "English", "Go to the previous month",
-                                                       "Month", "Monday, February 23, 2026" },
-                                           AccessRow { "Russian", "Переход к предыдущему месяцу",
-                                                       "Месяц",
-                                                       "понедельник, 23 февраля 2026 г." }));
+INSTANTIATE_TEST_SUITE_P(
+    Languages, ScreenReader,
+    ::testing::Values(AccessRow { "English", "Go to the previous month", "Select a month",
+                                  "Monday, February 23, 2026" },
+                      AccessRow { "Russian", "Переход к предыдущему месяцу", "Выбор месяца",
+                                  "понедельник, 23 февраля 2026 г." }));
 
 class Keyboard : public MainFormTest
 {
