@@ -7,6 +7,7 @@
 #include "appearance/PictureButton.h"
 #include "appearance/SchemePalette.h"
 #include "appearance/WindowBody.h"
+#include "tooltip/ToolTips.h"
 #include "windowing/KeyboardState.h"
 #include "windowing/Placement.h"
 #include "windowing/Shadow.h"
@@ -115,6 +116,11 @@ AboutForm::AboutForm(ProgramState &program, QWidget *parent)
     for (QWidget *label :
          { static_cast<QWidget *>(LabelName), static_cast<QWidget *>(LabelEdition) })
         behaviour().addDragArea(this, label);
+    const QString &version = program.settings().VersionText;
+    ToolTips::attach(*this,
+                     TipTexts::aboutFormTips(version.isEmpty()
+                                                 ? QString::fromUtf16(ProgramText::VersionText)
+                                                 : version));
     program.setFormLoaded(objectName(), true);
 }
 

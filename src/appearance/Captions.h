@@ -62,6 +62,9 @@ inline constexpr ControlName ControlNames[] = {
     { "ButtNextMonth", { u"Go to the next month", u"Переход к следующему месяцу" } },
     { "ButtUndo", { u"Return to the current date", u"Возврат к текущей дате" } },
     { "ButtRedo", { u"Return to the last selected date", u"Возврат к последней выбранной дате" } },
+    // The lists read as what they choose; their value follows.
+    { "ListMonth", { u"Month", u"Месяц" } },
+    { "ListYear", { u"Year", u"Год" } },
 };
 
 // Words a screen reader adds to a day cell's date.

@@ -11,6 +11,7 @@
 #include "appearance/AppearanceNames.h"
 #include "appearance/PictureButton.h"
 #include "calendar/CalendarMonthExtForm.h"
+#include "tooltip/ToolTips.h"
 #include "windowing/Shadow.h"
 #include "windowing/ShadowKeeper.h"
 #include "windowing/WindowBehaviour.h"
@@ -73,6 +74,7 @@ ViewForm::ViewForm(ProgramState &program, CalendarMonthExtForm &mainForm)
     for (QWidget *title : { LabelGeneral, LabelGeneralSh })
         behaviour().addDragArea(this, title);
     m_keys = new ViewFormKeys(*this);
+    ToolTips::attach(*this, TipTexts::viewFormTips());
     m_program.setFormLoaded(objectName(), true);
 }
 

@@ -152,11 +152,10 @@ void nameControls(ViewForm &form, const QString &language)
 {
     form.setAccessibleName(form.LabelGeneral->text().trimmed());
     form.KnClose->setAccessibleName(Captions::pick(ViewFormText::KnCloseName, language));
-    // On Linux a list reads its current entry as its name and its label through the buddy
-    // relation; the description says what it chooses too.
+    // A list reads as its label says (its entry is its value); its tooltip is its description.
     for (QLabel *label : form.findChildren<QLabel *>()) {
         if (QWidget *control = label->buddy())
-            control->setAccessibleDescription(label->text());
+            control->setAccessibleName(label->text().trimmed());
     }
     form.HScrollBordWidthGen->setAccessibleName(form.LabelBordWidthGen->text());
 }

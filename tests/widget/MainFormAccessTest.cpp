@@ -10,7 +10,8 @@ struct AccessRow
 {
     const char *language;
     const char *previousMonth; // what the picture button says
-    const char *month; // what the month list chooses: its tooltip
+    const char *month; // the month list's name
+    const char *monthTip; // and its description: its tooltip
     const char *blankCell; // the first cell of March 2026, weeks from Monday
 };
 
@@ -38,9 +39,10 @@ TEST_P(ScreenReader, NamesEveryControlInTheWindowsLanguage)
         }
     }
     EXPECT_EQ(name(button("ButtPrevMonth")), QString::fromUtf8(row.previousMonth));
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(child<QComboBox>(QStringLiteral("ListMonth")))
-                  ->text(QAccessible::Description),
-              QString::fromUtf8(row.month));
+    QAccessibleInterface *month =
+        QAccessible::queryAccessibleInterface(child<QComboBox>(QStringLiteral("ListMonth")));
+    EXPECT_EQ(month->text(QAccessible::Name), QString::fromUtf8(row.month));
+    EXPECT_EQ(month->text(QAccessible::Description), QString::fromUtf8(row.monthTip));
     EXPECT_EQ(name(cell(1)), QString::fromUtf8(row.blankCell));
     EXPECT_EQ(QAccessible::queryAccessibleInterface(form.data())->role(), QAccessible::Window);
     EXPECT_EQ(name(form.data()), QStringLiteral("QLV"));
@@ -51,10 +53,10 @@ TEST_P(ScreenReader, NamesEveryControlInTheWindowsLanguage)
 
 INSTANTIATE_TEST_SUITE_P(
     Languages, ScreenReader,
-    ::testing::Values(AccessRow { "English", "Go to the previous month", "Select a month",
+    ::testing::Values(AccessRow { "English", "Go to the previous month", "Month", "Select a month",
                                   "Monday, February 23, 2026" },
-                      AccessRow { "Russian", "Переход к предыдущему месяцу", "Выбор месяца",
-                                  "понедельник, 23 февраля 2026 г." }));
+                      AccessRow { "Russian", "Переход к предыдущему месяцу", "Месяц",
+                                  "Выбор месяца", "понедельник, 23 февраля 2026 г." }));
 
 class Keyboard : public MainFormTest
 {
