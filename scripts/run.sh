@@ -2,7 +2,7 @@
 # Starts the calendar. Without a display it runs it under Xvfb for a few seconds and saves a
 # screenshot instead.
 set -euo pipefail
-exe=${1:-build/release/qlvcallt}
+exe=${1:-build/app/qlvcallt}
 
 if [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; then
   exec "$exe"

@@ -52,7 +52,9 @@ void Program::Main()
     if (!m_options.fallbackHome.isNull())
         folderEnv.fallbackHome = m_options.fallbackHome;
     st.SettingsFolder = GetSettingsFolder(folderEnv, st.waitingFlag());
-    st.SettingsPath = st.SettingsFolder + QStringLiteral("qlvcal.ini");
+    // No folder at all: the calendar runs on its defaults and keeps nothing.
+    st.SettingsPath =
+        st.SettingsFolder.isEmpty() ? QString() : st.SettingsFolder + QStringLiteral("qlvcal.ini");
 
     SettingsContext context;
     context.settingsPath = st.SettingsPath;
@@ -91,7 +93,9 @@ void Program::Main()
     if (!qobject_cast<QApplication *>(QCoreApplication::instance()) || !m_options.showMainWindow)
         return;
     // The picture buttons' keeper comes before any window that shows them.
-    auto *resources = new ResourcesForm(QCoreApplication::instance());
+    ResourcesForm *resources = ResourcesForm::find();
+    if (!resources)
+        resources = new ResourcesForm(QCoreApplication::instance());
     resources->setScheme(SchemePalettes::forScheme(st.settings().CurrentColorScheme));
     st.setFormLoaded(resources->objectName(), true);
     m_mainForm = m_options.showMainWindow(st);

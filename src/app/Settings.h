@@ -22,14 +22,15 @@ struct Settings
     std::int32_t CalendarTop = 0;
     QString CalendarAlignToCenter;
     QString CalendarTopmost;
+    // The tooltips' look: an empty font name stands for "Arial"; BGR colours.
     QString ToolTipFontName;
-    std::int32_t ToolTipFontSize = 0;
-    QString ToolTipFontItalic;
-    QString ToolTipFontBold;
+    std::int32_t ToolTipFontSize = 9;
+    QString ToolTipFontItalic = QStringLiteral("No");
+    QString ToolTipFontBold = QStringLiteral("No");
     std::uint32_t ToolTipForeColor = 0;
-    std::uint32_t ToolTipBorderColor = 0;
-    std::int32_t ToolTipBorderWidth = 0;
-    std::uint32_t ToolTipBackColor = 0;
+    std::uint32_t ToolTipBorderColor = 255;
+    std::int32_t ToolTipBorderWidth = 1;
+    std::uint32_t ToolTipBackColor = 0xC6FFC6;
     std::uint32_t SchemeFrameColor = 0;
     std::int32_t CalendarBorderWidth = 0;
     std::uint32_t SchemeBackColor = 0;

@@ -50,10 +50,20 @@ QString configHome(const FolderEnvironment &env)
     return QDir::cleanPath(home + QStringLiteral("/.config"));
 }
 
+bool isPortableProgramFolder(const FolderEnvironment &env)
+{
+    for (const QString &system : env.systemFolders)
+        if (env.programFolder.startsWith(system))
+            return false;
+    return ::access(QFile::encodeName(env.programFolder).constData(), W_OK) == 0;
+}
+
 QString GetSettingsFolder(const FolderEnvironment &env, bool *waiting)
 {
-    QString programFolder = env.programFolder;
-    if (FileExists(programFolder + QStringLiteral("qlvcal.ini")))
+    // An installed program is shared by every account (and root can write to /usr/bin): a file
+    // beside it is never looked for, and nothing is ever written there.
+    const QString programFolder = isPortableProgramFolder(env) ? env.programFolder : QString();
+    if (!programFolder.isEmpty() && FileExists(programFolder + QStringLiteral("qlvcal.ini")))
         return programFolder;
 
     const QString base = configHome(env);

@@ -202,74 +202,81 @@ void paintSky(QPainter &p, qreal w, qreal h)
         cloud(p, QPointF(bases[i].x() * w, bases[i].y() * h), sizes[i] * w, s);
 }
 
+// Marble: a warm white stone clouded with grey, crossed by veins. A vein is where a stripe
+// pattern's phase, pushed about by fractal noise, passes through zero: a sharp dark core inside a
+// soft grey halo, strong in some places and fading out in others, as in cut stone.
 void paintMarble(QImage &image, qreal dpr)
 {
     static const ValueNoise noise(11);
     static const SineTable sine;
     const int width = image.width();
+    const int height = image.height();
     const float step = static_cast<float>(1.0 / dpr);
-    // The slow fields (the veins' course, their strength, the clouding) change little over a few
-    // pixels: work them out every Stride pixels along a row and interpolate between.
-    constexpr int Stride = 8;
-    struct Slow
+    // The fields are smooth over a couple of pixels: work them out on a grid of Cell pixels and
+    // interpolate between; only the veins' profile is worked out per pixel.
+    constexpr int Cell = 4;
+    struct Field
     {
-        float drift, strength, cloud;
+        float phase, across, strength, cloud;
     };
-    std::vector<Slow> slow(static_cast<std::size_t>(width / Stride + 2));
-    // The fraying is finer, but still smooth over two pixels.
-    std::vector<float> fine(static_cast<std::size_t>(width / 2 + 2));
-    for (int y = 0; y < image.height(); ++y) {
+    const int columns = width / Cell + 2;
+    const auto fieldAt = [&](int gx, int gy) {
+        const float x = static_cast<float>(gx * Cell) * step;
+        const float y = static_cast<float>(gy * Cell) * step;
+        // Fractal noise: each octave half as strong and twice as fine.
+        const float fbm = noise.at(x / 150, y / 150) + noise.at(x / 64 + 7, y / 64 + 3) * 0.5f
+            + noise.at(x / 28 + 1, y / 28 + 9) * 0.3f + noise.at(x / 12 + 5, y / 12 + 2) * 0.18f;
+        return Field { (x * 0.55f + y * 0.85f) * 0.045f + fbm * 3.4f,
+                       (x * 0.9f - y * 0.4f) * 0.05f + fbm * 9.0f
+                           + noise.at(x / 9 + 4, y / 9 + 4) * 1.2f,
+                       noise.at(x / 95 + 17, y / 95 + 17),
+                       noise.at(x / 70 + 9, y / 110 + 9) * 0.7f + fbm * 0.3f - 0.25f };
+    };
+    std::vector<Field> upper(static_cast<std::size_t>(columns));
+    std::vector<Field> lower(static_cast<std::size_t>(columns));
+    std::vector<Field> row(static_cast<std::size_t>(columns));
+    for (int gx = 0; gx < columns; ++gx)
+        lower[std::size_t(gx)] = fieldAt(gx, 0);
+    for (int y = 0; y < height; ++y) {
+        if (y % Cell == 0) {
+            upper.swap(lower);
+            for (int gx = 0; gx < columns; ++gx)
+                lower[std::size_t(gx)] = fieldAt(gx, y / Cell + 1);
+        }
+        const float fy = static_cast<float>(y % Cell) / Cell;
+        for (std::size_t k = 0; k < row.size(); ++k) {
+            const Field &t = upper[k];
+            const Field &u = lower[k];
+            row[k] = { t.phase + (u.phase - t.phase) * fy, t.across + (u.across - t.across) * fy,
+                       t.strength + (u.strength - t.strength) * fy,
+                       t.cloud + (u.cloud - t.cloud) * fy };
+        }
         auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
-        const float ly = y * step;
-        for (std::size_t k = 0; k < slow.size(); ++k) {
-            const float lx = static_cast<float>(k * Stride) * step;
-            slow[k] = { 110.0f * (noise.at(lx / 170.0f, ly / 170.0f) - 0.5f)
-                            + 30.0f * (noise.at(lx / 70.0f + 5, ly / 70.0f + 5) - 0.5f),
-                        0.35f + 0.65f * noise.at(lx / 90.0f + 17, ly / 90.0f + 17),
-                        noise.at(lx / 120.0f + 9, ly / 120.0f + 9) * 0.18f };
-        }
-        for (std::size_t k = 0; k < fine.size(); ++k) {
-            const float lx = static_cast<float>(k * 2) * step;
-            fine[k] = 0.35f
-                * (noise.at(lx / 11.0f, ly / 11.0f) * 0.6f
-                   + noise.at(lx / 5.0f + 3, ly / 5.0f + 3) * 0.4f - 0.5f);
-        }
         for (int x = 0; x < width; ++x) {
-            const float lx = x * step;
-            const Slow &a0 = slow[static_cast<std::size_t>(x / Stride)];
-            const Slow &a1 = slow[static_cast<std::size_t>(x / Stride + 1)];
-            const float f = static_cast<float>(x % Stride) / Stride;
-            const float drift = a0.drift + (a1.drift - a0.drift) * f;
-            const float strength = a0.strength + (a1.strength - a0.strength) * f;
-            const float cloud = a0.cloud + (a1.cloud - a0.cloud) * f;
-            // Veins are stripes whose course is pushed about by the slow noise (so they meander
-            // but do not close into rings) and frayed by fine noise.
-            const float fray = (x & 1)
-                ? (fine[std::size_t(x / 2)] + fine[std::size_t(x / 2 + 1)]) / 2
-                : fine[std::size_t(x / 2)];
-            const float v = sine(0.05f * (lx * 0.6f + ly * 0.8f + drift) + fray * 3.5f);
-            const float a = 1.0f - std::fabs(v);
-            const float a2 = a * a;
-            const float a4 = a2 * a2;
-            const float a8 = a4 * a4;
-            const float vein = (a8 * a8 * 0.5f + a4 * 0.16f + a2 * 0.05f) * strength;
-            // A second, finer and warmer set across the first.
-            const float w = sine(0.08f * (lx * 0.9f - ly * 0.45f + drift * 0.8f) + fray * 9.0f);
-            float g = 1.0f - std::fabs(w);
-            g *= g;
-            g *= g;
-            g *= g;
-            const float gold = g * g * 0.38f * (1.0f - strength);
-            float r = 250 - 60 * cloud;
-            float gr = 248 - 60 * cloud;
-            float b = 244 - 52 * cloud;
-            r += (86 - r) * vein;
-            gr += (92 - gr) * vein;
-            b += (104 - b) * vein;
-            r += (180 - r) * gold;
-            gr += (150 - gr) * gold;
-            b += (108 - b) * gold;
-            line[x] = qRgb(static_cast<int>(r), static_cast<int>(gr), static_cast<int>(b));
+            const Field &left = row[std::size_t(x / Cell)];
+            const Field &right = row[std::size_t(x / Cell + 1)];
+            const float fx = static_cast<float>(x % Cell) / Cell;
+            const Field here { left.phase + (right.phase - left.phase) * fx,
+                               left.across + (right.across - left.across) * fx,
+                               left.strength + (right.strength - left.strength) * fx,
+                               left.cloud + (right.cloud - left.cloud) * fx };
+            // 1 on a vein's line, falling off to 0 half a stripe away.
+            float a = 1.0f - std::fabs(sine(here.phase));
+            const float a2 = a * a, a4 = a2 * a2, a8 = a4 * a4, a16 = a8 * a8;
+            // The veins show where the strength field is high and fade out where it is low.
+            const float strength = std::clamp((here.strength - 0.3f) * 2.2f, 0.0f, 1.0f);
+            const float vein = (a16 * a16 * 0.7f + a8 * 0.2f + a4 * 0.1f) * strength;
+            // A second, finer set across the first, faint and broken.
+            a = 1.0f - std::fabs(sine(here.across));
+            const float b4 = a * a * a * a;
+            const float thread = b4 * b4 * b4 * 0.3f * (1.0f - strength);
+            const float cloud = here.cloud;
+            const float shade = std::min(1.0f, vein + thread);
+            float r = 250 - 46 * cloud, g = 249 - 45 * cloud, b = 245 - 40 * cloud;
+            r += (78 - r) * shade;
+            g += (84 - g) * shade;
+            b += (94 - b) * shade;
+            line[x] = qRgb(static_cast<int>(r), static_cast<int>(g), static_cast<int>(b));
         }
     }
 }
@@ -341,35 +348,42 @@ void paintFancy(QPainter &p, qreal w, qreal h)
 }
 
 // One band of the sea: a crested edge across the width, filled down to the bottom.
+// One band of the sea: a crested edge across the width, filled down to the bottom, with a line
+// of foam along the crest.
 void waveBand(QPainter &p, qreal w, qreal bottom, qreal top, qreal amplitude, qreal length,
               qreal phase, const QColor &body, qreal foam)
 {
-    QPainterPath crest;
     const int steps = 80;
     const qreal k = 2 * M_PI / length;
+    QPolygonF crest;
+    crest.reserve(steps + 1);
     for (int i = 0; i <= steps; ++i) {
         const qreal x = w * i / steps;
         // A sharpened sine: narrow crests, wide troughs, as on real swell.
         const qreal s = std::sin(k * x + phase);
         const qreal y = top - amplitude * (std::pow((s + 1) / 2, 2.2) * 2 - 0.6)
             - amplitude * 0.25 * std::sin(2.3 * k * x + phase * 1.7);
-        i == 0 ? crest.moveTo(x, y) : crest.lineTo(x, y);
+        crest.append(QPointF(x, y));
     }
     // Down to where the next, nearer band covers it: no deeper, so the sea is filled about once.
-    QPainterPath fill = crest;
-    fill.lineTo(w, bottom);
-    fill.lineTo(0, bottom);
-    fill.closeSubpath();
+    QPolygonF fill = crest;
+    fill << QPointF(w, bottom) << QPointF(0, bottom);
     QLinearGradient g(0, top - amplitude * 1.5, 0, top + amplitude * 3 + 6);
     g.setColorAt(0, body.lighter(128));
     g.setColorAt(1, body);
     p.setPen(Qt::NoPen);
     p.setBrush(g);
-    p.drawPath(fill);
-    p.setBrush(Qt::NoBrush);
-    p.setPen(QPen(QColor(255, 255, 255, static_cast<int>(255 * foam)), 0.8 + amplitude * 0.12,
-                  Qt::SolidLine, Qt::RoundCap));
-    p.drawPath(crest);
+    p.drawPolygon(fill);
+    // The foam as a thin filled ribbon over the crest: a fill costs a fraction of a stroke.
+    const qreal half = (0.8 + amplitude * 0.12) / 2;
+    QPolygonF ribbon;
+    ribbon.reserve(2 * crest.size());
+    for (const QPointF &pt : crest)
+        ribbon.append(pt - QPointF(0, half));
+    for (auto it = crest.crbegin(); it != crest.crend(); ++it)
+        ribbon.append(*it + QPointF(0, half));
+    p.setBrush(mix(body.lighter(128), QColor(255, 255, 255), foam));
+    p.drawPolygon(ribbon);
 }
 
 void paintWaves(QPainter &p, qreal w, qreal h)
@@ -378,8 +392,6 @@ void paintWaves(QPainter &p, qreal w, qreal h)
     fillVertical(p, QRectF(0, 0, w, horizon + 1),
                  { { 0, QColor(146, 196, 236) }, { 1, QColor(236, 242, 240) } });
     glow(p, QPointF(w * 0.72, horizon), h * 0.3, QColor(255, 244, 214, 220));
-    fillVertical(p, QRectF(0, horizon, w, h - horizon),
-                 { { 0, QColor(96, 170, 196) }, { 1, QColor(16, 72, 124) } });
     Scatter s(5);
     const int bands = 8;
     const auto bandTop = [&](int band) {
@@ -390,6 +402,11 @@ void paintWaves(QPainter &p, qreal w, qreal h)
         const qreal u = qreal(band) / (bands - 1);
         return 1.2 + 10 * u * u;
     };
+    // The open sea shows only above the farthest band, which covers the rest.
+    QLinearGradient sea(0, horizon, 0, h);
+    sea.setColorAt(0, QColor(96, 170, 196));
+    sea.setColorAt(1, QColor(16, 72, 124));
+    p.fillRect(QRectF(0, horizon, w, bandTop(0) + amplitude(0) * 3 - horizon), sea);
     for (int i = 0; i < bands; ++i) {
         const qreal t = qreal(i) / (bands - 1);
         // The next band's troughs dip below its top by under 0.9 of its amplitude.
@@ -415,14 +432,29 @@ void paintStars(QPainter &p, qreal w, qreal h)
         p, QRectF(0, 0, w, h),
         { { 0, QColor(6, 10, 34) }, { 0.6, QColor(18, 28, 72) }, { 1, QColor(40, 44, 100) } });
     Scatter s(3);
-    // The Milky Way: a faint band of haze with the stars crowding into it.
+    // The Milky Way: a faint band of haze with the stars crowding into it. The haze has no edge
+    // to keep sharp, so it is painted at a quarter of the size and laid on smoothly enlarged.
+    {
+        QImage haze(qCeil(w / 4), qCeil(h / 4), QImage::Format_ARGB32_Premultiplied);
+        haze.fill(Qt::transparent);
+        QPainter q(&haze);
+        q.setRenderHint(QPainter::Antialiasing);
+        q.scale(0.25, 0.25);
+        q.translate(w * 0.5, h * 0.5);
+        q.rotate(-28);
+        for (int i = 0; i < 22; ++i) {
+            const QPointF c(s.between(-w * 0.7, w * 0.7), s.between(-h * 0.09, h * 0.09));
+            glow(q, c, s.between(h * 0.12, h * 0.25), QColor(150, 160, 230, 34));
+        }
+        q.end();
+        p.save();
+        p.setRenderHint(QPainter::SmoothPixmapTransform);
+        p.drawImage(QRectF(0, 0, haze.width() * 4.0, haze.height() * 4.0), haze);
+        p.restore();
+    }
     p.save();
     p.translate(w * 0.5, h * 0.5);
     p.rotate(-28);
-    for (int i = 0; i < 22; ++i) {
-        const QPointF c(s.between(-w * 0.7, w * 0.7), s.between(-h * 0.09, h * 0.09));
-        glow(p, c, s.between(h * 0.12, h * 0.25), QColor(150, 160, 230, 34));
-    }
     p.setPen(Qt::NoPen);
     for (int i = 0; i < 260; ++i) {
         const qreal spread = h * 0.16 * (s.next() + s.next() - 1);
@@ -433,6 +465,7 @@ void paintStars(QPainter &p, qreal w, qreal h)
                    QColor(230, 232, 255, static_cast<int>(s.between(90, 220))));
     }
     p.restore();
+    p.setPen(Qt::NoPen);
     for (int i = 0; i < 170; ++i) {
         const qreal r = s.between(0.35, 1.0);
         const int tint = static_cast<int>(s.between(0, 3));
@@ -448,11 +481,12 @@ void paintStars(QPainter &p, qreal w, qreal h)
             p.drawEllipse(dot);
         }
     }
-    for (int i = 0; i < 9; ++i) {
-        const QPointF c(s.between(0, w), s.between(0, h * 0.95));
-        const qreal r = s.between(4, 9);
-        glow(p, c, r * 0.9, QColor(190, 210, 255, 90));
-        sparkle(p, c, r, QColor(255, 255, 255, 235));
+    // Bright stars, solid, so that they still shine when a light scheme lifts the night sky.
+    p.setBrush(QColor(255, 255, 255));
+    for (int i = 0; i < 36; ++i) {
+        const QPointF c(s.between(0, w), s.between(0, h));
+        const qreal r = s.between(1.0, 1.7);
+        p.drawEllipse(c, r, r);
     }
     // A crescent moon: a lit disc with a darker one taken out of it. It rises in the free space
     // right of the date, where no text has to be read over it.
@@ -465,6 +499,14 @@ void paintStars(QPainter &p, qreal w, qreal h)
     bite.addEllipse(moon + QPointF(mr * 0.45, -mr * 0.25), mr * 0.92, mr * 0.92);
     p.setBrush(QColor(252, 246, 214));
     p.drawPath(disc.subtracted(bite));
+    for (int i = 0; i < 14; ++i) {
+        const QPointF c(s.between(0, w), s.between(0, h * 0.95));
+        const qreal r = s.between(4, 9);
+        if (QLineF(c, moon).length() < mr * 3)
+            continue; // the moon's own glow outshines a star beside it
+        glow(p, c, r * 0.9, QColor(190, 210, 255, 90));
+        sparkle(p, c, r, QColor(255, 255, 255));
+    }
 }
 
 // A seed head: a soft ball of fine rays, each ending in a little tuft.
@@ -472,19 +514,23 @@ void puffball(QPainter &p, QPointF c, qreal r)
 {
     glow(p, c, r * 1.05, QColor(255, 255, 255, 90));
     const int rays = 44;
-    QPen ray(QColor(255, 255, 255, 190), qMax<qreal>(0.5, r * 0.018));
-    p.setBrush(Qt::NoBrush);
+    // Every ray and tuft in one call: thin lines drawn together cost little more than one.
+    std::vector<QLineF> lines;
+    lines.reserve(rays * 6);
     for (int i = 0; i < rays; ++i) {
         const qreal a = i * 2 * M_PI / rays + (i % 2) * 0.05;
         const qreal len = r * (i % 3 == 0 ? 0.86 : 0.95);
         const QPointF tip(c.x() + len * std::cos(a), c.y() + len * std::sin(a));
-        p.setPen(ray);
-        p.drawLine(c, tip);
+        lines.emplace_back(c, tip);
         for (int f = -2; f <= 2; ++f) {
             const qreal fa = a + f * 0.22;
-            p.drawLine(tip, tip + QPointF(r * 0.14 * std::cos(fa), r * 0.14 * std::sin(fa)));
+            lines.emplace_back(tip,
+                               tip + QPointF(r * 0.14 * std::cos(fa), r * 0.14 * std::sin(fa)));
         }
     }
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(QColor(255, 255, 255, 190), qMax<qreal>(0.5, r * 0.018)));
+    p.drawLines(lines.data(), int(lines.size()));
     p.setPen(Qt::NoPen);
     p.setBrush(QColor(138, 120, 70));
     p.drawEllipse(c, r * 0.1, r * 0.1);
@@ -519,15 +565,17 @@ void meadow(QPainter &p, qreal w, qreal h, qreal top, Scatter &s)
     p.setPen(Qt::NoPen);
     p.setBrush(g);
     p.drawPath(hill);
+    // Blades of grass, each a thin tapering fill: a fill costs a fraction of a stroke.
     for (int i = 0; i < 150; ++i) {
         const qreal x = s.between(0, w);
         const qreal len = s.between(h * 0.04, h * 0.12);
         const qreal lean = s.between(-len * 0.5, len * 0.5);
+        const QPointF bend(x + lean * 0.2, h - len * 0.6);
         QPainterPath blade;
-        blade.moveTo(x, h + 2);
-        blade.quadTo(x + lean * 0.2, h - len * 0.6, x + lean, h - len);
-        p.setPen(QPen(mix(QColor(46, 110, 40), QColor(150, 200, 90), s.next()), 1.1, Qt::SolidLine,
-                      Qt::RoundCap));
+        blade.moveTo(x - 0.8, h + 2);
+        blade.quadTo(bend - QPointF(0.5, 0), QPointF(x + lean, h - len));
+        blade.quadTo(bend + QPointF(0.5, 0), QPointF(x + 0.8, h + 2));
+        p.setBrush(mix(QColor(46, 110, 40), QColor(150, 200, 90), s.next()));
         p.drawPath(blade);
     }
 }
@@ -584,17 +632,22 @@ void camomile(QPainter &p, QPointF c, qreal r, qreal squash, qreal turn)
     p.translate(c);
     p.rotate(turn);
     p.scale(1, squash);
-    const int petals = 21;
-    p.setPen(QPen(QColor(196, 200, 204), 0.6));
+    const int petals = 17;
+    p.setPen(Qt::NoPen);
+    // Shaded towards the heart by one gradient about the flower's centre.
+    QRadialGradient white(QPointF(0, 0), r);
+    white.setColorAt(0.3, QColor(232, 236, 236));
+    white.setColorAt(1, QColor(255, 255, 255));
+    // Each petal's edge is a grey petal a little larger under it: a fill costs far less than a
+    // stroke.
+    const QBrush edge(QColor(190, 196, 198));
+    const qreal e = 0.6;
     for (int i = 0; i < petals; ++i) {
-        p.save();
-        p.rotate(i * 360.0 / petals);
-        QLinearGradient g(0, 0, r, 0);
-        g.setColorAt(0.2, QColor(232, 236, 236));
-        g.setColorAt(1, QColor(255, 255, 255));
-        p.setBrush(g);
+        p.rotate(360.0 / petals);
+        p.setBrush(edge);
+        p.drawEllipse(QRectF(r * 0.22 - e, -r * 0.13 - e, r * 0.8 + 2 * e, r * 0.26 + 2 * e));
+        p.setBrush(white);
         p.drawEllipse(QRectF(r * 0.22, -r * 0.13, r * 0.8, r * 0.26));
-        p.restore();
     }
     QRadialGradient disc(QPointF(-r * 0.08, -r * 0.1), r * 0.34);
     disc.setColorAt(0, QColor(255, 230, 80));
@@ -612,18 +665,21 @@ void paintCamomiles(QPainter &p, qreal w, qreal h)
                    { 0.5, QColor(150, 196, 120) },
                    { 1, QColor(74, 132, 60) } });
     Scatter s(29);
-    for (int i = 0; i < 10; ++i)
+    for (int i = 0; i < 6; ++i)
         glow(p, QPointF(s.between(0, w), s.between(0, h * 0.7)), s.between(h * 0.05, h * 0.14),
              QColor(250, 255, 220, 70));
-    // Feathery leaves and stems behind the flowers.
+    // Stems behind the flowers, each a thin tapering blade: a fill costs a fraction of a stroke.
+    p.setPen(Qt::NoPen);
     for (int i = 0; i < 46; ++i) {
         const qreal x = s.between(-10, w + 10);
         const qreal top = s.between(h * 0.35, h * 0.8);
+        const QPointF bend(x + s.between(-20, 20), (top + h) / 2);
+        const QPointF tip(x + s.between(-14, 14), top);
         QPainterPath stem;
-        stem.moveTo(x, h + 2);
-        stem.quadTo(x + s.between(-20, 20), (top + h) / 2, x + s.between(-14, 14), top);
-        p.setBrush(Qt::NoBrush);
-        p.setPen(QPen(mix(QColor(50, 110, 44), QColor(120, 176, 80), s.next()), 1.3));
+        stem.moveTo(x - 1.2, h + 2);
+        stem.quadTo(bend - QPointF(0.8, 0), tip);
+        stem.quadTo(bend + QPointF(0.8, 0), QPointF(x + 1.2, h + 2));
+        p.setBrush(mix(QColor(50, 110, 44), QColor(120, 176, 80), s.next()));
         p.drawPath(stem);
     }
     struct Flower

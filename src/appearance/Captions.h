@@ -42,8 +42,9 @@ inline constexpr Pair KnCancelWord { u"Cancel", u"Отмена" };
 QString dayCellName(const QString &longDate, bool isToday, bool isSelected,
                     const QString &language);
 
-// What a screen reader says for the controls that show a picture or a value rather than their
-// purpose: the picture buttons say what their tooltips say, the lists what they choose.
+// What a screen reader says for the controls that show a picture rather than their purpose: the
+// picture buttons say what their tooltips say. A list reads its current text as its name on
+// Linux; what it chooses is its description, which its tooltip gives.
 struct ControlName
 {
     const char *objectName;
@@ -61,6 +62,7 @@ inline constexpr ControlName ControlNames[] = {
     { "ButtNextMonth", { u"Go to the next month", u"Переход к следующему месяцу" } },
     { "ButtUndo", { u"Return to the current date", u"Возврат к текущей дате" } },
     { "ButtRedo", { u"Return to the last selected date", u"Возврат к последней выбранной дате" } },
+    // The lists read as what they choose; their value follows.
     { "ListMonth", { u"Month", u"Месяц" } },
     { "ListYear", { u"Year", u"Год" } },
 };

@@ -38,7 +38,9 @@ void PictureButton::setScheme(const SchemePalette &palette)
 ButtonArt::State PictureButton::pictureState() const
 {
     using ButtonArt::State;
-    if (!isEnabled())
+    // Only a button made unavailable itself looks so: a window that waits for another (the
+    // Settings window previews on it) keeps its look.
+    if (testAttribute(Qt::WA_ForceDisabled))
         return State::Disabled;
     if (isDown())
         return State::Pressed;

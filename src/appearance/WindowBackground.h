@@ -12,11 +12,11 @@
 namespace WindowBackground {
 
 // Legible text needs 4.5:1 against all but the worst 5 % of the pixels behind it; the toning
-// aims a little higher, on a few more pixels, so that rounding never tips a text below.
+// keeps every pixel at a little more, so that rounding never tips a text below.
 inline constexpr double ToneTarget = 4.7;
-inline constexpr int WorstPercent = 4;
 
-// `textAreas` are logical rectangles of the window where text or controls stand.
+// `textAreas` are logical rectangles of the window where text or controls stand: the pixels
+// under them choose how much of the picture's contrast the toning keeps.
 QImage render(const QString &picture, const SchemePalette &palette, QSize logical, qreal dpr,
               const QList<QRect> &textAreas);
 

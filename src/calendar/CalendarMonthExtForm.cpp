@@ -11,6 +11,8 @@
 #include "app/SchemeColors.h"
 #include "appearance/CaptionLabel.h"
 #include "appearance/Captions.h"
+#include "tooltip/ToolTips.h"
+#include "windowing/KeyboardState.h"
 #include "windowing/Placement.h"
 #include "windowing/Shadow.h"
 #include "windowing/TabAppForm.h"
@@ -56,6 +58,7 @@ CalendarMonthExtForm::CalendarMonthExtForm(ProgramState &program, QWidget *paren
     attachCommonParts(true);
     for (QWidget *label : MainFormBuilder::dragLabels(*this))
         behaviour().addDragArea(this, label);
+    ToolTips::attach(*this, TipTexts::mainFormTips());
     m_program.setFormLoaded(objectName(), true);
     LoadDone = true;
     refreshTaskbarTitle();
@@ -305,6 +308,7 @@ void CalendarMonthExtForm::KnMinClick()
 {
     if (!canTakeCommands())
         return;
+    behaviour().hideToolTip();
     // The taskbar presence hides the shadow with the window and brings both back on restore.
     if (TabAppForm *tabApp = WindowBehaviour::of(m_program).tabApp())
         tabApp->minimise();

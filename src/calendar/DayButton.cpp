@@ -128,7 +128,9 @@ void DayButton::paintEvent(QPaintEvent *)
     const QStaticText &caption = laidOut(text(), font());
     p.setFont(font());
     QColor ink = colorFromBgr(m_palette->cellText);
-    if (!isEnabled())
+    // Dimmed only when the cell itself is unavailable, not while the window waits for the
+    // Settings window, which previews on it.
+    if (testAttribute(Qt::WA_ForceDisabled))
         ink.setAlphaF(0.5);
     p.setPen(ink);
     const QSizeF size = caption.size();

@@ -2,14 +2,6 @@
 
 namespace {
 
-// Modifier keys on their own are not keys of the table: Ctrl released before N must not end
-// the key-down of N.
-bool isModifierKey(int key)
-{
-    return key == Qt::Key_Control || key == Qt::Key_Shift || key == Qt::Key_Alt
-        || key == Qt::Key_Meta || key == Qt::Key_AltGr;
-}
-
 bool isEnter(int key)
 {
     return key == Qt::Key_Return || key == Qt::Key_Enter;
@@ -21,21 +13,20 @@ void KeyTable::keyUpTimedOut()
 {
     KeyIsDown = false;
     ListEscFlag = false;
-    m_heldKey = 0;
+    m_hold.forget();
 }
 
 KeyTable::Command KeyTable::keyDown(int key, Qt::KeyboardModifiers modifiers, bool mouseButtonHeld)
 {
     if (mouseButtonHeld)
         return Command::Discard;
-    if (isModifierKey(key) || key == m_heldKey)
+    if (!m_hold.press(key))
         return Command::None; // a repeat: the command went with the first press
     const bool ctrl = modifiers & Qt::ControlModifier;
     const bool alt = modifiers & Qt::AltModifier;
     const bool shift = modifiers & Qt::ShiftModifier;
     CtrlAtKeyDown = ctrl;
     KeyIsDown = true;
-    m_heldKey = key;
     if (KeySuppress)
         return Command::None;
     if ((key == Qt::Key_Escape || key == Qt::Key_F4) && ListDropFlag && !ctrl && !alt) {
@@ -62,9 +53,8 @@ KeyTable::Command KeyTable::keyDown(int key, Qt::KeyboardModifiers modifiers, bo
 KeyTable::Command KeyTable::keyUp(int key, Qt::KeyboardModifiers modifiers, bool mouseButtonHeld,
                                   bool keyStillDown)
 {
-    if (mouseButtonHeld || key != m_heldKey || keyStillDown)
+    if (mouseButtonHeld || !m_hold.release(key, keyStillDown))
         return Command::None;
-    m_heldKey = 0;
     if (!KeyIsDown)
         return Command::None;
     KeyIsDown = false;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "windowing/KeyHold.h"
+
 #include <Qt>
 
 // The Main window's keyboard commands. Commands fire on key-down or key-up as the table says,
@@ -43,5 +45,5 @@ public:
     bool KeySuppress = false;
 
 private:
-    int m_heldKey = 0; // the key whose real release is awaited; 0 when none
+    KeyHold m_hold;
 };

@@ -100,12 +100,7 @@ void nameControls(CalendarMonthExtForm &form, const QString &language)
     for (const Captions::ControlName &control : Captions::ControlNames) {
         if (auto *w = form.findChild<QWidget *>(QLatin1StringView(control.objectName),
                                                 Qt::FindDirectChildrenOnly)) {
-            // On Linux a list reads its current text as its name, so what it chooses goes into
-            // its description (and the month list is labelled by "Month:").
-            if (qobject_cast<QComboBox *>(w))
-                w->setAccessibleDescription(Captions::pick(control.name, language));
-            else
-                w->setAccessibleName(Captions::pick(control.name, language));
+            w->setAccessibleName(Captions::pick(control.name, language));
         }
     }
 }

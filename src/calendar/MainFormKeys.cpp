@@ -4,6 +4,7 @@
 #include "DayButton.h"
 #include "app/ProgramState.h"
 #include "windowing/KeyboardState.h"
+#include "windowing/WindowBehaviour.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -58,6 +59,9 @@ bool MainFormKeys::eventFilter(QObject *watched, QEvent *event)
         m_listKeyTime = 0;
     }
     const bool mouseHeld = QGuiApplication::mouseButtons() != Qt::NoButton;
+    // A key that the window takes hides any tooltip, going down and coming up.
+    if (!mouseHeld)
+        m_form.behaviour().hideToolTip();
     const KeyTable::Command command = type == QEvent::KeyPress
         ? m_keys.keyDown(key->key(), key->modifiers(), mouseHeld)
         : m_keys.keyUp(key->key(), key->modifiers(), mouseHeld, keyStillDown(key));

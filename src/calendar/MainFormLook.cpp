@@ -8,6 +8,7 @@
 #include "appearance/PictureButton.h"
 #include "appearance/ResourcesForm.h"
 #include "appearance/SchemePalette.h"
+#include "appearance/WidgetColours.h"
 #include "appearance/WindowBody.h"
 
 #include <QComboBox>
@@ -15,33 +16,8 @@
 
 namespace MainFormLook {
 
-namespace {
-
-void colourText(QWidget *w, std::uint32_t text, std::uint32_t hover = 0)
-{
-    QPalette p = w->palette();
-    p.setColor(QPalette::WindowText, colorFromBgr(text));
-    // Links show their hover colour through the link role (see CaptionLabel).
-    p.setColor(QPalette::Link, colorFromBgr(hover ? hover : text));
-    w->setPalette(p);
-}
-
-void colourList(QComboBox *list, const SchemePalette &s)
-{
-    QPalette p = list->palette();
-    for (const auto role : { QPalette::Base, QPalette::Button, QPalette::Window })
-        p.setColor(role, colorFromBgr(s.listBack));
-    for (const auto role : { QPalette::Text, QPalette::ButtonText, QPalette::WindowText })
-        p.setColor(role, colorFromBgr(s.listText));
-    p.setColor(QPalette::Highlight, colorFromBgr(s.buttonHover));
-    p.setColor(QPalette::HighlightedText, colorFromBgr(s.buttonHoverInk));
-    p.setColor(QPalette::Light, colorFromBgr(s.listBorder));
-    p.setColor(QPalette::Dark, colorFromBgr(s.listBorder));
-    p.setColor(QPalette::Mid, colorFromBgr(s.listBorder));
-    list->setPalette(p);
-}
-
-} // namespace
+using WidgetColours::colourList;
+using WidgetColours::colourText;
 
 void apply(CalendarMonthExtForm &form, const Settings &settings)
 {

@@ -1,5 +1,6 @@
 #include "CommonWindow.h"
 
+#include "AccessibleList.h"
 #include "Shadow.h"
 #include "ShadowKeeper.h"
 #include "WindowBehaviour.h"
@@ -8,6 +9,7 @@
 #include "appearance/CyrillicFont.h"
 #include "appearance/WindowBody.h"
 
+#include <QAccessible>
 #include <QFrame>
 #include <QPushButton>
 #include <QTimer>
@@ -29,6 +31,11 @@ CommonWindow::CommonWindow(ProgramState &program, const QString &name, QSize siz
     , m_program(program)
 {
     setObjectName(name);
+    static const bool listsNamed = [] {
+        QAccessible::installFactory(accessibleList);
+        return true;
+    }();
+    Q_UNUSED(listsNamed);
     setAttribute(Qt::WA_DeleteOnClose);
     setFixedSize(size);
     // Arial where it draws Cyrillic (fontconfig's stand-in usually does), else a face that does.

@@ -82,8 +82,13 @@ void TabAppForm::restore()
 
 void TabAppForm::giveFocusBack()
 {
-    QWidget *target =
-        m_lastActive && m_lastActive->isVisible() ? m_lastActive.data() : m_mainWindow.data();
+    QWidget *target = nullptr;
+    for (QWidget *w : { m_lastActive.data(), m_previousActive.data(), m_mainWindow.data() }) {
+        if (w && w->isVisible() && w->isEnabled()) {
+            target = w;
+            break;
+        }
+    }
     if (!target || target->isMinimized())
         return;
     // The click that brought the window back must not drag it.
@@ -98,11 +103,13 @@ void TabAppForm::lockMove()
     TimerLockMoveForm->start();
 }
 
-void TabAppForm::focusWindowChanged(QWindow *)
+void TabAppForm::focusWindowChanged(QWindow * /*window*/)
 {
     QWidget *active = QApplication::activeWindow();
-    if (isProgramWindow(active))
+    if (isProgramWindow(active) && active != m_lastActive) {
+        m_previousActive = m_lastActive;
         m_lastActive = active;
+    }
 }
 
 bool TabAppForm::eventFilter(QObject *watched, QEvent *event)

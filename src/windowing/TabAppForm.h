@@ -32,6 +32,9 @@ public:
     void minimise();
     // Brings the Main window back and gives the focus to the last active program window.
     void restore();
+    // Gives the focus to the last active program window that is still shown and takes input,
+    // else to the one active before it (a window that closed hands the focus back to the one
+    // it was opened from), else to the Main window.
     void giveFocusBack();
     // The program window that last had the focus (Main, Settings or About).
     QWidget *lastActiveWindow() const { return m_lastActive; }
@@ -49,4 +52,5 @@ private:
     WindowBehaviour &m_behaviour;
     QPointer<QWidget> m_mainWindow;
     QPointer<QWidget> m_lastActive;
+    QPointer<QWidget> m_previousActive;
 };

@@ -1,5 +1,6 @@
 #include "WindowBehaviour.h"
 
+#include "CommonWindow.h"
 #include "DragArea.h"
 #include "Placement.h"
 #include "Shadow.h"
@@ -62,15 +63,6 @@ ShadowKeeper *keeperOf(const QWidget *window)
                   : nullptr;
 }
 
-void hideToolTip()
-{
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget *w : windows) {
-        if (w->objectName() == QStringLiteral("ToolTipForm") && w->isVisible())
-            w->hide();
-    }
-}
-
 // Blinks a control by swapping its style sheet, then puts the old one back.
 class Blinker : public QObject
 {
@@ -114,6 +106,15 @@ private:
 
 } // namespace
 
+void hideToolTip()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *w : windows) {
+        if (w->objectName() == QStringLiteral("ToolTipForm") && w->isVisible())
+            w->hide();
+    }
+}
+
 Shadow *ShadowForm(const QWidget *window)
 {
     const ShadowKeeper *keeper = keeperOf(window);
@@ -148,7 +149,10 @@ void Attention(QAbstractButton *control, int count, std::uint32_t colorBgr)
     if (control->findChild<QObject *>(QStringLiteral("Attention"), Qt::FindDirectChildrenOnly))
         return;
     new Blinker(control, count, colorBgr);
-    QApplication::alert(control->window());
+    if (auto *window = qobject_cast<CommonWindow *>(control->window()))
+        window->behaviour().flashTaskbarEntry(count);
+    else
+        QApplication::alert(control->window());
 }
 
 WindowBehaviour &WindowBehaviour::of(ProgramState &program)
@@ -200,6 +204,22 @@ void WindowBehaviour::attachMainWindow(QWidget *window, QWidget *frameMove)
 {
     attachWindow(window, frameMove);
     m_tabApp = new TabAppForm(m_program, *this, window);
+}
+
+QWidget *WindowBehaviour::mainForm() const
+{
+    return m_tabApp ? qobject_cast<QWidget *>(m_tabApp->parent()) : nullptr;
+}
+
+void WindowBehaviour::flashTaskbarEntry(int count)
+{
+    QWidget *main = mainForm();
+    if (!main)
+        return;
+    if (FlashWindow)
+        FlashWindow(main, count);
+    else
+        QApplication::alert(main);
 }
 
 void WindowBehaviour::addDragArea(QWidget *window, QWidget *area)
@@ -264,14 +284,13 @@ void WindowBehaviour::showWindow(QWidget *window)
 
 void WindowBehaviour::restackMainForm()
 {
-    QWidget *main = m_tabApp ? qobject_cast<QWidget *>(m_tabApp->parent()) : nullptr;
-    if (ShadowKeeper *keeper = keeperOf(main))
+    if (ShadowKeeper *keeper = keeperOf(mainForm()))
         keeper->restack();
 }
 
 void WindowBehaviour::applySettings()
 {
-    QWidget *main = m_tabApp ? qobject_cast<QWidget *>(m_tabApp->parent()) : nullptr;
+    QWidget *main = mainForm();
     if (!main)
         return;
     const Settings &s = m_program.settings();

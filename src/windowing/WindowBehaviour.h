@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 
 class ProgramState;
 class QAbstractButton;
@@ -17,14 +18,17 @@ class Shadow;
 // The shadow of a shadowed window, or null.
 Shadow *ShadowForm(const QWidget *window);
 
+// Hides the tooltip window, when one is showing.
+void hideToolTip();
+
 // Keeps a window above all others (or not); a shown window is shown again with its new flags.
 void applyTopmost(QWidget *window, bool topmost);
 
 // Moves a window to the centre of its screen; a maximised window is left alone.
 void centreWindow(QWidget *window);
 
-// Blinks `control` `count` times in the given BGR colour and asks the desktop for attention, to
-// show which window is waiting for the user.
+// Blinks `control` `count` times in the given BGR colour and flashes the program's taskbar entry
+// (WindowBehaviour::flashTaskbarEntry), to show which window is waiting for the user.
 void Attention(QAbstractButton *control, int count = 3, std::uint32_t colorBgr = 0x80FFFF);
 
 // The state and routines that every draggable, shadowed window shares: the drag values, the
@@ -54,6 +58,14 @@ public:
     // Lets a label that lies on the drag frame drag `window` as the frame does.
     void addDragArea(QWidget *window, QWidget *area);
     TabAppForm *tabApp() const { return m_tabApp; }
+    // The Main window, which carries the taskbar entry; null before it is attached.
+    QWidget *mainForm() const;
+
+    // Draws the user's eye to the program's taskbar entry, `count` times: through FlashWindow
+    // when one is handed in (the notification window's caption blink), else by the desktop's
+    // attention mark alone.
+    void flashTaskbarEntry(int count);
+    std::function<void(QWidget *window, int count)> FlashWindow;
 
     // The single entry of dragging: the button value of a move over a drag area (0 none,
     // 1 left, anything else ignored) and where the pointer is.
@@ -77,6 +89,13 @@ public:
 
     // For Shadow windows: the shared loaded flag counts the ones alive.
     void shadowLoaded(bool loaded);
+
+    // Hides any tooltip, shown or waiting: a key, a drag or minimising asks for it. The tooltip
+    // piece, which this folder does not know, answers toolTipHideRequested.
+    void hideToolTip() { Q_EMIT toolTipHideRequested(); }
+
+Q_SIGNALS:
+    void toolTipHideRequested();
 
 private:
     explicit WindowBehaviour(ProgramState &program);

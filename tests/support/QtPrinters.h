@@ -2,6 +2,7 @@
 
 #include <QDate>
 #include <QDateTime>
+#include <QPoint>
 #include <QString>
 
 #include <ostream>
@@ -15,4 +16,9 @@ inline void PrintTo(const QDate &date, std::ostream *os)
 inline void PrintTo(const QString &text, std::ostream *os)
 {
     *os << '"' << text.toStdString() << '"';
+}
+
+inline void PrintTo(const QPoint &point, std::ostream *os)
+{
+    *os << '(' << point.x() << ", " << point.y() << ')';
 }

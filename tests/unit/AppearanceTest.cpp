@@ -6,6 +6,7 @@
 #include "appearance/WindowBackground.h"
 #include "calendar/MainFormLayout.h"
 #include "calendar/MonthGrid.h"
+#include "support/ImageGap.h"
 
 #include <gtest/gtest.h>
 
@@ -91,26 +92,17 @@ INSTANTIATE_TEST_SUITE_P(All, Scheme, ::testing::ValuesIn(AppearanceNames::concr
 
 namespace {
 
-using Labelled = std::pair<QRect, Field>; // where a text stands, and its colour
+// Every colour of a text that stands on the window's body, and every place where one stands:
+// the labels and controls and, in their cells, the day numbers.
+const Field BodyTexts[] = { &P::title, &P::caption,   &P::value,   &P::weekday,
+                            &P::link,  &P::linkHover, &P::cellText };
 
-// The texts of the Main window over a picture; day numbers stand in their cells.
-std::vector<Labelled> mainWindowTexts()
+QList<QRect> textRects()
 {
-    using L = MainFormLayout;
-    std::vector<Labelled> texts {
-        { L::LabelActDate, &P::title },    { L::LabelMonth, &P::caption },
-        { L::LabelToday, &P::caption },    { L::LabelTodayVal, &P::value },
-        { L::LabelTime, &P::caption },     { L::LabelTimeVal, &P::value },
-        { L::LabelActDate2, &P::caption }, { L::LabelActDate2Val, &P::value },
-        { L::LabelLeftDays, &P::caption }, { L::LabelLeftDaysVal, &P::value },
-        { L::LabelDays, &P::caption },     { L::LabelSettings, &P::link },
-        { L::LabelAbout, &P::link },
-    };
-    for (int column = 1; column <= MonthGrid::ColumnCount; ++column)
-        texts.push_back({ L::weekdayLabel(column), &P::weekday });
+    QList<QRect> rects = MainFormLayout::textAreas();
     for (int cell = 1; cell <= MonthGrid::CellCount; ++cell)
-        texts.push_back({ L::dayCell(cell), &P::cellText });
-    return texts;
+        rects.append(MainFormLayout::dayCell(cell));
+    return rects;
 }
 
 // Contrast of a text colour against the worst 5 % of the pixels under its rectangle.
@@ -126,6 +118,24 @@ double worstContrast(const QImage &image, const QRect &rect, std::uint32_t text)
     return *worst;
 }
 
+// A 4 x 4 thumbnail of averaged colours: enough to tell a night sky from a meadow.
+QImage thumbnail(const QImage &image)
+{
+    return image.scaled(4, 4, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+        .convertToFormat(QImage::Format_RGB32);
+}
+
+// Sum of squared steps between neighbours: blowing a picture up halves it at every edge.
+double edgeEnergy(const QImage &image)
+{
+    const int w = image.width();
+    double sum = 0;
+    for (int i = 1; i < w * image.height(); ++i)
+        sum += std::pow(
+            qGreen(image.pixel(i % w, i / w)) - qGreen(image.pixel((i - 1) % w, (i - 1) / w)), 2);
+    return sum;
+}
+
 } // namespace
 
 TEST_P(Picture, LeavesEveryTextLegibleInEveryScheme)
@@ -134,12 +144,39 @@ TEST_P(Picture, LeavesEveryTextLegibleInEveryScheme)
     for (const SchemePalette *p = SchemePalettes::begin(); p != SchemePalettes::end(); ++p) {
         const QImage image =
             WindowBackground::render(GetParam(), *p, size, 1, MainFormLayout::textAreas());
-        for (const auto &[rect, text] : mainWindowTexts()) {
-            EXPECT_GE(worstContrast(image, rect, p->*text), 4.5)
-                << p->name.toStdString() << " at " << rect.x() << "," << rect.y();
-        }
+        for (const QRect &rect : textRects())
+            for (const Field text : BodyTexts)
+                EXPECT_GE(worstContrast(image, rect, p->*text), 4.5)
+                    << p->name.toStdString() << " at " << rect.x() << "," << rect.y();
     }
+}
+
+// Painted at the screen's scale rather than blown up, the same picture at both scales, and
+// neither blank nor one flat colour.
+TEST_P(Picture, RendersAtOneAndTwoTimesWithDetail)
+{
+    const QImage one = BackgroundPictures::render(GetParam(), QSize(400, 273), 1);
+    const QImage two = BackgroundPictures::render(GetParam(), QSize(400, 273), 2);
+    ASSERT_EQ(one.size(), QSize(400, 273));
+    ASSERT_EQ(two.size(), QSize(800, 546));
+    // The picture against its own mean colour.
+    const QImage flat =
+        thumbnail(one).scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    EXPECT_GT(meanGap(one, flat.scaled(one.size())), 5);
+    EXPECT_LT(meanGap(thumbnail(one), thumbnail(two)), 12);
+    const QImage blownUp = one.scaled(two.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    EXPECT_GT(edgeEnergy(two), 1.5 * edgeEnergy(blownUp));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Picture, ::testing::ValuesIn(AppearanceNames::concretePictures()),
                          rowName);
+
+TEST(Pictures, NoTwoLookAlike)
+{
+    std::vector<QImage> thumbnails;
+    for (const QString &name : AppearanceNames::concretePictures())
+        thumbnails.push_back(thumbnail(BackgroundPictures::render(name, QSize(400, 273), 1)));
+    for (std::size_t a = 0; a < thumbnails.size(); ++a)
+        for (std::size_t b = a + 1; b < thumbnails.size(); ++b)
+            EXPECT_GT(meanGap(thumbnails[a], thumbnails[b]), 24) << a << " and " << b;
+}

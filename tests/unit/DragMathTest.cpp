@@ -182,6 +182,35 @@ INSTANTIATE_TEST_SUITE_P(Rows, Placements, ::testing::Values(
     [](const auto &row) { return std::string(row.param.name); });
 // clang-format on
 
+struct BesideRow
+{
+    const char *name;
+    QRect mainWindow;
+    QRect screen;
+    QPoint expected;
+};
+
+class BesidePlacements : public ::testing::TestWithParam<BesideRow>
+{ };
+
+// A 360x273 window opened beside the Main window, 8 pixels off it, always wholly on the screen.
+TEST_P(BesidePlacements, OpenBesideTheMainWindow)
+{
+    const BesideRow &row = GetParam();
+    EXPECT_EQ(Placement::besideTopLeft(row.mainWindow, { 360, 273 }, row.screen, 8), row.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, BesidePlacements,
+    ::testing::Values(
+        BesideRow { "RightWhenThereIsRoom", { 100, 100, 400, 273 }, Primary, { 508, 100 } },
+        BesideRow { "RightJustFits", { 512, 0, 400, 273 }, Primary, { 920, 0 } },
+        BesideRow { "LeftWhenTheRightIsOneShort", { 513, 0, 400, 273 }, Primary, { 145, 0 } },
+        BesideRow {
+            "OverItWhenNeitherSideHasRoom", { 150, 0, 400, 273 }, { 0, 0, 700, 500 }, { 170, 0 } },
+        BesideRow { "TopKeptOnTheScreen", { 100, 700, 400, 273 }, Primary, { 508, 527 } }),
+    [](const auto &row) { return std::string(row.param.name); });
+
 struct ModeRow
 {
     bool layered;

@@ -25,11 +25,13 @@ std::function<QByteArray(const char *)> environment(const char *vars, const QStr
 struct FolderRow
 {
     const char *name;
-    const char *prepare; // folders to make in the root beside "program"; "file:" a file,
+    const char *prepare; // folders to make in the root after the program's; "file:" a file,
                          // "ro:" a read-only folder
-    const char *expected; // the config base in the root that was chosen; "-": the program folder
+    const char *expected; // the config base in the root that was chosen; "-": the program
+                          // folder; "nowhere": no folder at all
     const char *env = "HOME={root}/h"; // "~" stands for the home the password database knows
     const char *madePrivate = ""; // folders that must have been created with mode 0700
+    const char *program = "program"; // the program's folder; "sys/" stands for a system folder
 };
 
 class SettingsFolderTable : public ::testing::TestWithParam<FolderRow>
@@ -44,8 +46,9 @@ TEST_P(SettingsFolderTable, ChoosesAndCreatesTheFolder)
         GTEST_SKIP() << "root ignores permission bits";
     QTemporaryDir dir;
     const QString root = dir.path() + u'/';
-    for (QString item :
-         (u"program "_s + QString::fromLatin1(row.prepare)).split(u' ', Qt::SkipEmptyParts)) {
+    const QString program = root + QString::fromLatin1(row.program) + u'/';
+    for (QString item : (QString::fromLatin1(row.program) + u' ' + QString::fromLatin1(row.prepare))
+                            .split(u' ', Qt::SkipEmptyParts)) {
         const bool readOnly = item.startsWith(u"ro:");
         ASSERT_TRUE(item.startsWith(u"file:") ? writeBytes(root + item.mid(5), "x")
                                               : QDir(root).mkpath(item.remove(u"ro:"_s)));
@@ -53,15 +56,18 @@ TEST_P(SettingsFolderTable, ChoosesAndCreatesTheFolder)
     }
     const auto getEnv = environment(row.env, dir.path());
     const mode_t mask = ::umask(022);
-    const QString folder =
-        GetSettingsFolder({ root + u"program/"_s, getEnv, QFile::decodeName(getEnv("~")) });
+    const QString folder = GetSettingsFolder(
+        { program, getEnv, QFile::decodeName(getEnv("~")), { root + u"sys/"_s } });
     ::umask(mask);
     const QString expected = QString::fromLatin1(row.expected);
     EXPECT_EQ(folder,
-              root + (expected == u"-" ? u"program/"_s : expected + u"/QLVCalendarLite/"_s));
-    EXPECT_TRUE(QFileInfo(folder).isDir());
+              expected == u"-"             ? program
+                  : expected == u"nowhere" ? QString()
+                                           : root + expected + u"/QLVCalendarLite/"_s);
+    EXPECT_EQ(QFileInfo(folder).isDir(), !folder.isEmpty());
     for (const QString &made : QString::fromLatin1(row.madePrivate).split(u' ', Qt::SkipEmptyParts))
         EXPECT_EQ((QFile::permissions(root + made) & 0x7077).toInt(), 0x7000) << made.toStdString();
+    ::chmod(QFile::encodeName(program).constData(), 0755); // so that the scratch folder goes
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -79,8 +85,31 @@ INSTANTIATE_TEST_SUITE_P(
         FolderRow { "SettingsFolderIsAFile", "h/.config file:h/.config/QLVCalendarLite", "-" },
         FolderRow { "FileBesideTheProgramWins", "h file:program/qlvcal.ini", "-" },
         FolderRow { "FolderBesideTheProgramDoesNot", "h program/qlvcal.ini", "h/.config" },
-        FolderRow { "UnprivilegedConfigUnwritable", "ro:h/.config", "-" }),
+        FolderRow { "UnprivilegedConfigUnwritable", "ro:h/.config", "-" },
+        // An installed program is not a portable install, whoever runs it.
+        FolderRow { "SystemFolderIgnoresAFileBesideIt", "h file:sys/bin/qlvcal.ini", "h/.config",
+                    "HOME={root}/h", "", "sys/bin" },
+        FolderRow { "SystemFolderIsNoFallback", "", "nowhere", "HOME=h", "", "sys/bin" },
+        FolderRow { "SystemFolderNeighbourIsPortable", "h file:system/qlvcal.ini", "-",
+                    "HOME={root}/h", "", "system" },
+        FolderRow { "UnprivilegedUnwritableProgramFolderIgnored", "h file:p/qlvcal.ini ro:p",
+                    "h/.config", "HOME={root}/h", "", "p" },
+        FolderRow { "UnprivilegedUnwritableProgramFolderIsNoFallback", "ro:p", "nowhere", "HOME=h",
+                    "", "p" }),
     rowName);
+
+// The folders that packages install into are never portable, even for root who may write there.
+TEST(PortableProgramFolder, NeverInASystemFolder)
+{
+    FolderEnvironment env;
+    for (const char *folder : { "/usr/bin/", "/usr/local/bin/", "/bin/", "/opt/qlvcallt/bin/" }) {
+        env.programFolder = QString::fromLatin1(folder);
+        EXPECT_FALSE(isPortableProgramFolder(env)) << folder;
+    }
+    QTemporaryDir dir;
+    env.programFolder = dir.path() + u'/';
+    EXPECT_TRUE(isPortableProgramFolder(env));
+}
 
 // The messages locale decides: the first set of LC_ALL, LC_MESSAGES and LANG.
 TEST(IsRussianSystem, FollowsTheMessagesLocale)

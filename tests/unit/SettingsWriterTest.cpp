@@ -28,6 +28,22 @@ TEST(WriteSettings, TheThirteenLinesExactly)
     EXPECT_EQ(folderEntries(f.dir.path()), OnlyTheSettingsFile);
 }
 
+// With no folder to keep the settings in, the calendar runs on defaults and writes nothing, not
+// even into the folder it was started from.
+TEST(WriteSettings, NothingWithoutAPath)
+{
+    SettingsFixture f;
+    f.file.context().settingsPath.clear();
+    const QString cwd = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(f.dir.path()));
+    f.file.context().isRussianSystem = [] { return false; };
+    EXPECT_FALSE(f.file.ReadSettings());
+    EXPECT_FALSE(f.file.WriteSettings());
+    QDir::setCurrent(cwd);
+    EXPECT_EQ(f.settings.Language, u"English"_s);
+    EXPECT_TRUE(folderEntries(f.dir.path()).isEmpty());
+}
+
 namespace {
 
 class SaveTable : public ::testing::TestWithParam<std::tuple<bool, const char *>>

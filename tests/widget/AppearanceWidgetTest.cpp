@@ -1,17 +1,19 @@
 #include "MainFormFixture.h"
+#include "appearance/AppearanceNames.h"
+#include "appearance/ButtonArt.h"
 #include "appearance/CyrillicFont.h"
 #include "appearance/SchemePalette.h"
 #include "calendar/MainFormLayout.h"
+#include "support/ImageGap.h"
 
 #include <QFontDatabase>
+#include <QPainter>
+
+using namespace std::string_literals;
 
 namespace {
 
-struct LookRow
-{
-    const char *scheme;
-    int border;
-};
+using LookRow = std::pair<const char *, int>; // scheme, border width
 
 class SchemeOnScreen : public MainFormTest, public ::testing::WithParamInterface<LookRow>
 { };
@@ -23,10 +25,7 @@ QColor seen(std::uint32_t bgr)
     return QColor(int(bgr & 0xFF), int((bgr >> 8) & 0xFF), int((bgr >> 16) & 0xFF));
 }
 
-std::string rowName(const ::testing::TestParamInfo<LookRow> &row)
-{
-    return std::string(row.param.scheme) + "_border" + std::to_string(row.param.border);
-}
+using ButtonLooks = ::testing::TestWithParam<QString>;
 
 } // namespace
 
@@ -70,7 +69,41 @@ INSTANTIATE_TEST_SUITE_P(EveryScheme, SchemeOnScreen,
                                            LookRow { "White", 2 }, LookRow { "Yellow", 3 },
                                            LookRow { "Green", 2 }, LookRow { "Pink", 1 },
                                            LookRow { "GrayScale", 3 }),
-                         rowName);
+                         [](const auto &row) {
+                             return row.param.first + "_border"s + std::to_string(row.param.second);
+                         });
+
+// Normal, hover, pressed and disabled are told apart at a glance on every picture button, the
+// Settings window's word pictures in both languages included: seen on the window's ground, the
+// looks of any two states differ clearly on average over the button.
+TEST_P(ButtonLooks, FourStatesApart)
+{
+    using namespace ButtonArt;
+    const SchemePalette &palette = SchemePalettes::forScheme(GetParam());
+    std::vector<std::pair<ButtonArt::Picture, QString>> pictures;
+    for (int picture = int(Picture::Copy); picture <= int(Picture::New); ++picture)
+        pictures.emplace_back(Picture(picture), QString());
+    for (const char *word : { "Ok", "Cancel", "Отмена" })
+        pictures.emplace_back(Picture::Word, QString::fromUtf8(word));
+    for (const auto &[picture, word] : pictures) {
+        const QSize size = word.isEmpty() ? QSize(24, 24) : QSize(76, 24);
+        std::vector<QImage> looks;
+        for (const State state : { State::Normal, State::Hover, State::Pressed, State::Disabled }) {
+            QImage &look = looks.emplace_back(size, QImage::Format_RGB32);
+            look.fill(seen(palette.ground));
+            QPainter(&look).drawImage(
+                0, 0, render(picture, state, palette, size, 1, word, QFont(QString(), 9)));
+        }
+        for (std::size_t a = 0; a < looks.size(); ++a)
+            for (std::size_t b = a + 1; b < looks.size(); ++b)
+                EXPECT_GE(meanGap(looks[a], looks[b]), 9.0)
+                    << int(picture) << word.toStdString() << ": " << a << ", " << b;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryScheme, ButtonLooks,
+                         ::testing::ValuesIn(AppearanceNames::concreteColorSchemes()),
+                         [](const auto &row) { return row.param.toStdString(); });
 
 // A face without Cyrillic letters gives way to one that has them; one that has them stays.
 TEST(CyrillicFontProbe, ReplacesOnlyAFaceWithoutCyrillic)

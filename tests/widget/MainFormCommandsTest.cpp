@@ -13,10 +13,10 @@ TEST_F(MainFormTest, CtrlReleasedBeforeNStillStartsANewCalendar)
     QStringList started;
     form->startProgram = [&](const QString &path) { started.append(path); };
     program->ProgramFolder = QStringLiteral("/opt/qlv/");
-    key(QEvent::KeyPress, Qt::Key_Control, Qt::ControlModifier);
-    key(QEvent::KeyPress, Qt::Key_N, Qt::ControlModifier);
-    key(QEvent::KeyRelease, Qt::Key_Control);
-    key(QEvent::KeyRelease, Qt::Key_N);
+    sendKey(QEvent::KeyPress, Qt::Key_Control, Qt::ControlModifier);
+    sendKey(QEvent::KeyPress, Qt::Key_N, Qt::ControlModifier);
+    sendKey(QEvent::KeyRelease, Qt::Key_Control);
+    sendKey(QEvent::KeyRelease, Qt::Key_N);
     EXPECT_EQ(started, QStringList { QStringLiteral("/opt/qlv/qlvcallt") });
     EXPECT_EQ(QApplication::focusWidget(), button("ButtFocus"));
 }
@@ -75,11 +75,11 @@ TEST_F(MainFormTest, AReleaseAfterTheKeyUpTimeOutDoesNothing)
 {
     open(at(2026, 3, 12));
     QSignalSpy settings(form.data(), &CalendarMonthExtForm::settingsWindowRequested);
-    key(QEvent::KeyPress, Qt::Key_F9);
+    sendKey(QEvent::KeyPress, Qt::Key_F9);
     ASSERT_TRUE(form->keys().KeyIsDown);
     form->TimerKeyUp->start(1);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !form->keys().KeyIsDown; }, 1000));
-    key(QEvent::KeyRelease, Qt::Key_F9);
+    sendKey(QEvent::KeyRelease, Qt::Key_F9);
     EXPECT_EQ(settings.count(), 0);
 }
 
@@ -102,11 +102,11 @@ TEST_F(MainFormTest, TheAuthorBoxClosesOnEscAlone)
             box->close();
         }
     });
-    key(QEvent::KeyPress, Qt::Key_I, Qt::ControlModifier | Qt::AltModifier | Qt::ShiftModifier);
+    sendKey(QEvent::KeyPress, Qt::Key_I, Qt::ControlModifier | Qt::AltModifier | Qt::ShiftModifier);
     EXPECT_TRUE(shown.startsWith(QStringLiteral("AuthorMessage:QLV Calendar Lite")))
         << shown.toStdString();
     EXPECT_FALSE(boxStayed);
-    key(QEvent::KeyRelease, Qt::Key_Escape);
+    sendKey(QEvent::KeyRelease, Qt::Key_Escape);
     ASSERT_FALSE(closed()) << "the calendar closed";
     tap(Qt::Key_Escape);
     EXPECT_TRUE(closed());

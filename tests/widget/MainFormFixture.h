@@ -79,7 +79,7 @@ protected:
     }
     void click(QWidget *w) { QTest::mouseClick(w, Qt::LeftButton); }
     // Key events as a keyboard sends them, to whatever has the focus.
-    void key(QEvent::Type type, Qt::Key k, Qt::KeyboardModifiers modifiers = {})
+    void sendKey(QEvent::Type type, Qt::Key k, Qt::KeyboardModifiers modifiers = {})
     {
         QWidget *target = QApplication::focusWidget();
         QTest::sendKeyEvent(type == QEvent::KeyPress ? QTest::Press : QTest::Release,
@@ -87,9 +87,9 @@ protected:
     }
     void tap(Qt::Key k, Qt::KeyboardModifiers modifiers = {})
     {
-        key(QEvent::KeyPress, k, modifiers);
+        sendKey(QEvent::KeyPress, k, modifiers);
         if (form)
-            key(QEvent::KeyRelease, k, modifiers);
+            sendKey(QEvent::KeyRelease, k, modifiers);
     }
     bool closed() const { return !form || !form->isVisible(); }
 

@@ -1,5 +1,6 @@
 #include "app/Program.h"
 #include "app/SettingsFile.h"
+#include "appearance/ResourcesForm.h"
 #include "calendar/CalendarMonthExtForm.h"
 #include "support/Files.h"
 
@@ -177,6 +178,8 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(ProgramMain, UnloadsTheWindowsInOrder)
 {
     start();
+    EXPECT_TRUE(ResourcesForm::find()
+                && program->state().IsFormLoaded(QStringLiteral("RESOURCESFORM"), false));
     QStringList gone;
     const auto watch = [&gone](QWidget *w) {
         QObject::connect(w, &QObject::destroyed,
@@ -194,6 +197,9 @@ TEST_F(ProgramMain, UnloadsTheWindowsInOrder)
     EXPECT_EQ(gone.join(u' '),
               QStringLiteral("ToolTipForm AboutForm ViewForm TabAppForm CalendarMonthExtForm"));
     EXPECT_TRUE(program->NoMainFormLoaded());
+    // The button images are released after the windows.
+    EXPECT_FALSE(ResourcesForm::find()
+                 || program->state().IsFormLoaded(QStringLiteral("RESOURCESFORM"), false));
 }
 
 namespace {

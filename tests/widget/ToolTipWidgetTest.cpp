@@ -1,0 +1,142 @@
+#include "MainFormFixture.h"
+#include "tooltip/ToolTipForm.h"
+#include "tooltip/ToolTips.h"
+#include "windowing/Shadow.h"
+#include "windowing/WindowBehaviour.h"
+
+#include <QCursor>
+#include <QMouseEvent>
+#include <QTimer>
+
+#include <functional>
+
+namespace {
+
+class ToolTipTest : public MainFormTest
+{
+protected:
+    ToolTips &tips() { return ToolTips::of(*program); }
+    // Puts the pointer on the middle of a control (or `offset` from it), then runs one request.
+    void restOn(const char *control, QPoint offset = {})
+    {
+        QWidget *w = child(QString::fromLatin1(control));
+        QCursor::setPos(w->mapToGlobal(w->rect().center()) + offset);
+        QCoreApplication::processEvents();
+        form->findChild<TipRequests *>()->TimerToolTipTimer();
+    }
+};
+
+struct LanguageRow
+{
+    const char *language;
+    const char *sentence;
+    const char *day;
+};
+
+class SettingsTip : public ToolTipTest, public ::testing::WithParamInterface<LanguageRow>
+{ };
+
+TEST_P(SettingsTip, RestingOnSettingsAsksForItsTextWithTheF9Key)
+{
+    const LanguageRow &row = GetParam();
+    open(at(2026, 3, 12), QString::fromLatin1(row.language));
+    restOn("LabelSettings");
+    EXPECT_TRUE(form->TimerToolTip->isActive()); // the pointer came over the window
+    EXPECT_EQ(tips().state().TipText,
+              QString::fromUtf8(row.sentence)
+                  + QStringLiteral(
+                      "</f 9, , , , ,0>(<\\f></f 8,b, , , ,0>F9<\\f></f 9, , , , ,0>)<\\f>"));
+    const ToolTipForm *tip = tips().toolTip();
+    ASSERT_NE(tip, nullptr);
+    EXPECT_FALSE(tip->isVisible());
+    EXPECT_EQ(tip->TimerActuation->interval(), 1000);
+    EXPECT_TRUE(program->IsFormLoaded(QStringLiteral("TOOLTIPFORM"), false));
+    EXPECT_EQ(label("LabelSettings")->accessibleDescription(),
+              QString::fromUtf8(row.sentence) + QStringLiteral("(F9)"));
+    EXPECT_EQ(cell(17)->accessibleDescription(), QString::fromUtf8(row.day));
+
+    restOn("KnOk", QPoint(0, 200)); // away from the window: the requests stop
+    EXPECT_FALSE(form->TimerToolTip->isActive());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Languages, SettingsTip,
+    ::testing::Values(LanguageRow { "English", "Open the Settings window  ", "Select a day" },
+                      LanguageRow { "Russian", "Открыть окно настроек программы  ",
+                                    "Выбор дня месяца" }));
+
+TEST_F(ToolTipTest, CloseThenOkShowsNoNewTooltip)
+{
+    open(at(2026, 3, 12));
+    restOn("KnClose");
+    const QPointer<ToolTipForm> first = tips().toolTip();
+    ASSERT_FALSE(first.isNull());
+    restOn("KnOk");
+    EXPECT_EQ(tips().toolTip(), first.data());
+    restOn("KnMin");
+    EXPECT_NE(tips().toolTip(), first.data());
+    EXPECT_EQ(tips().state().TipText, QStringLiteral("Minimize"));
+}
+
+struct HideRow
+{
+    const char *name;
+    std::function<void(CalendarMonthExtForm &)> act;
+};
+
+class Hiding : public ToolTipTest, public ::testing::WithParamInterface<HideRow>
+{ };
+
+TEST_P(Hiding, TakesTheTooltipAway)
+{
+    open(at(2026, 3, 12));
+    restOn("ButtNew");
+    tips().state().TipClosed = false;
+    ASSERT_NE(tips().toolTip(), nullptr);
+    GetParam().act(*form);
+    EXPECT_EQ(tips().toolTip(), nullptr);
+    EXPECT_TRUE(tips().state().TipClosed);
+    EXPECT_FALSE(program->IsFormLoaded(QStringLiteral("TOOLTIPFORM"), false));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    KeyDragMinimise, Hiding,
+    ::testing::Values(
+        HideRow { "KeyDown", [](CalendarMonthExtForm &f) { QTest::keyPress(&f, Qt::Key_Right); } },
+        HideRow { "MoveOverTheDragArea",
+                  [](CalendarMonthExtForm &f) {
+                      QMouseEvent move(QEvent::MouseMove, QPointF(5, 5),
+                                       QPointF(f.FrameMove->mapToGlobal(QPoint(5, 5))),
+                                       Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+                      QApplication::sendEvent(f.FrameMove, &move);
+                  } },
+        HideRow { "KnMin", [](CalendarMonthExtForm &f) { f.KnMin->click(); } }),
+    [](const auto &row) { return std::string(row.param.name); });
+
+class ShownTip : public ToolTipTest, public ::testing::WithParamInterface<const char *>
+{ };
+
+// Shown above everything without taking the focus; the shadow exists only when shadows are on.
+TEST_P(ShownTip, TopmostWithoutFocusAndShadowOnlyWhenOn)
+{
+    open(at(2026, 3, 12));
+    program->ShadowMode = QString::fromLatin1(GetParam());
+    restOn("ButtUndo");
+    QPointer<ToolTipForm> tip = tips().toolTip();
+    ASSERT_FALSE(tip.isNull());
+    tip->TimerActuation->setInterval(0);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tip && tip->isVisible(); }));
+    EXPECT_TRUE(
+        tip->windowFlags().testFlags(Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus));
+    EXPECT_NE(QApplication::activeWindow(), tip.data());
+    EXPECT_TRUE(tip->TimerClose->isActive());
+    const Shadow *shadow = ShadowForm(tip);
+    ASSERT_EQ(shadow != nullptr, program->ShadowMode == QStringLiteral("Basic"));
+    EXPECT_TRUE(!shadow || (shadow->isVisible() && shadow->size() == tip->size()));
+    delete form.data(); // the tooltip goes with the window that asked for it
+    EXPECT_FALSE(program->IsFormLoaded(QStringLiteral("TOOLTIPFORM"), false));
+}
+
+INSTANTIATE_TEST_SUITE_P(ShadowModes, ShownTip, ::testing::Values("Basic", "No"));
+
+} // namespace
