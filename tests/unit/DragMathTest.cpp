@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -129,22 +128,6 @@ TEST_F(DragStepPhases, ANewGrabStartsANewDragThatRestacksAgainButARecordDoesNot)
     step(DragMove, { 90, 90 });
     EXPECT_EQ(shadow.restacks, 2);
     EXPECT_EQ(window.at, Start + QPoint(75, 60));
-}
-
-TEST_F(DragStepPhases, AnOverflowingDifferenceLeavesTheWindowAlone)
-{
-    state.GrabX = std::numeric_limits<std::int32_t>::min();
-    pointer.atTwips(Grab);
-    EXPECT_FALSE(DragStep(state, pointer, window, DragMove, nullptr, ShadowOffsetTwips));
-    EXPECT_EQ(window.at, Start);
-}
-
-TEST(NearestPixel, RoundsToTheNearestPixelOnBothSidesOfZero)
-{
-    const std::pair<std::int64_t, int> rows[] = { { 7, 0 },   { 8, 1 },    { 65, 4 },     { -7, 0 },
-                                                  { -8, -1 }, { -85, -6 }, { -1435, -96 } };
-    for (const auto &[twips, pixels] : rows)
-        EXPECT_EQ(nearestPixel(twips), pixels) << twips;
 }
 
 struct PlaceRow

@@ -114,24 +114,3 @@ INSTANTIATE_TEST_SUITE_P(Rules, GridColours, ::testing::Values(
     ColourRow { "TodayInALaterMonth",       QDate(2026, 5, 1),  QDate(2026, 3, 31), { { 31, 0xC0C0FF } } }),
     [](const auto &row) { return std::string(row.param.name); });
 // clang-format on
-
-TEST(FillLoopLimit, ADayLoopThatRunsOutOfTimeStopsWithCellsLeft)
-{
-    FakeClock clock;
-    MonthGrid grid;
-    grid.fill({ 2026, 3, QDate(), QDate(), true, false }, clock);
-    // Every reading of the clock now takes three seconds: the day loop gets through a few
-    // days before its ten seconds are up.
-    clock.steadyStep = std::chrono::seconds(3);
-    grid.fill({ 2026, 4, QDate(), QDate(), true, false }, clock);
-
-    // April 2026 starts on a Wednesday (cell 4); the first days went in...
-    EXPECT_EQ(grid.cell(4).day, 1);
-    EXPECT_GT(grid.daysShown(), 0);
-    EXPECT_LT(grid.daysShown(), 30);
-    // ...the trailing loop, out of time as well, blanked only a few cells after them, and the
-    // middle of the grid still holds March's numbers (March 2026 starts in cell 1).
-    EXPECT_EQ(grid.cell(4 + grid.daysShown()).day, 0);
-    EXPECT_EQ(grid.cell(20).day, 20);
-    EXPECT_EQ(grid.cell(30).day, 30);
-}

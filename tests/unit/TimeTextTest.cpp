@@ -2,8 +2,6 @@
 
 #include "support/QtPrinters.h"
 
-#include <QTimeZone>
-
 #include <gtest/gtest.h>
 
 struct FormatRow
@@ -72,18 +70,4 @@ TEST(LocaleFormats, DropTheZoneAndWidenTheYear)
     EXPECT_EQ(LocaleFormats::shortTime24Pattern(kr), QStringLiteral("H:mm"));
     EXPECT_EQ(LocaleFormats::shortTime24Pattern(ru), QStringLiteral("HH:mm"));
     EXPECT_EQ(LocaleFormats::shortDate(QDate(1905, 7, 4), us), QStringLiteral("7/4/1905"));
-}
-
-TEST(LocaleFormats, AZoneNameNeverReachesTheClock)
-{
-    const QTimeZone pacific("America/Los_Angeles");
-    if (!pacific.isValid())
-        GTEST_SKIP() << "no time-zone data";
-    const QLocale us(QLocale::English, QLocale::UnitedStates);
-    const QDateTime moment(QDate(2026, 1, 10), QTime(10, 15, 30), pacific);
-    ASSERT_TRUE(us.toString(moment, us.timeFormat(QLocale::LongFormat)).contains(u'P'));
-
-    const TimeFormatContext context = TimeFormatContext::fromLocale(us, moment, true);
-    EXPECT_EQ(context.longTimeSample, QStringLiteral("10:15:30 AM"));
-    EXPECT_EQ(FormatTime(moment.time(), true, context), QStringLiteral("10:15:30 AM"));
 }
