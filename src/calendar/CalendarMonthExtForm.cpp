@@ -18,19 +18,13 @@
 #include "windowing/TabAppForm.h"
 #include "windowing/WindowBehaviour.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QFrame>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
 #include <QScreen>
-#include <QTimer>
 #include <QWheelEvent>
 
 namespace {
@@ -143,17 +137,15 @@ QWidget *CalendarMonthExtForm::showNew(ProgramState &program)
 void CalendarMonthExtForm::showAtStart()
 {
     const Settings &s = m_program.settings();
-    const QScreen *screen = QGuiApplication::primaryScreen();
-    const QRect area = screen ? screen->geometry() : QRect(0, 0, 1024, 768);
-    QList<QRect> screens { area };
+    // The primary screen first: it centres the window, and it takes one that no screen shows.
+    QList<QRect> screens;
+    if (const QScreen *primary = QGuiApplication::primaryScreen())
+        screens.append(primary->geometry());
     for (const QScreen *other : QGuiApplication::screens())
         screens.append(other->geometry());
-    const QPoint topLeft = s.CalendarAlignToCenter == QStringLiteral("Yes")
-        ? Placement::centredTopLeft(area, size())
-        : Placement::keptOnScreen({ s.CalendarLeft, s.CalendarTop }, size(), screens);
     if (s.CalendarTopmost == QStringLiteral("Yes"))
         setWindowFlag(Qt::WindowStaysOnTopHint, true);
-    move(topLeft);
+    move(Placement::startTopLeft(s, size(), screens));
     m_program.setShowingWindow(true);
     showWindow();
     ButtFocus->setFocus();
@@ -211,27 +203,10 @@ void CalendarMonthExtForm::showGrid()
     ListMonth->setCurrentIndex(m_nav.shownMonth() - 1);
     ListYear->setCurrentIndex(ListYear->findText(yearText(m_nav.shownYear())));
 
-    const MonthGrid &grid = m_nav.grid();
-    const QString &language = m_program.settings().Language;
     const QDate today = m_program.clock().now().date();
-    const QLocale locale;
     for (int i = 1; i <= MonthGrid::CellCount; ++i) {
-        DayButton *button = ButtDay[static_cast<std::size_t>(i)];
-        const MonthGrid::Cell &cell = grid.cell(i);
-        button->setText(MonthGrid::caption(cell));
-        button->setBackColor(cell.backColor);
-        button->setToday(cell.day > 0 && grid.dateOf(i) == today);
-        // Tab walks the days only; a blank cell is reached by a click or an arrow key.
-        button->setFocusPolicy(cell.day > 0 ? Qt::StrongFocus : Qt::ClickFocus);
-        // A blank cell is named after the date it leads to.
-        const QDate date = grid.dateOf(i);
-        const QDate place = date.isValid() ? date : grid.placeOf(i);
-        const QString name = place.isValid()
-            ? Captions::dayCellName(locale.toString(place, QLocale::LongFormat), date == today,
-                                    date.isValid() && date == m_nav.SelectedDate, language)
-            : QString();
-        if (button->accessibleName() != name)
-            button->setAccessibleName(name);
+        ButtDay[static_cast<std::size_t>(i)]->showCell(m_nav.grid(), today, m_nav.SelectedDate,
+                                                       m_program.settings().Language);
     }
 
     const QDate shown = m_nav.DisplayDate;
@@ -253,27 +228,10 @@ void CalendarMonthExtForm::showGrid()
 void CalendarMonthExtForm::SettingLabelesAndButtons()
 {
     const Settings &s = m_program.settings();
-    const QString &lang = s.Language;
-
-    ListMonth->clear();
-    ListMonth->addItems(Captions::monthNames(lang));
-    const QStringList weekdays = Captions::weekdayNames(lang, s.FirstWeekDay);
-    for (int column = 1; column <= MonthGrid::ColumnCount; ++column)
-        LabelWeekDay[static_cast<std::size_t>(column)]->setText(weekdays.at(column - 1));
-
-    LabelSettings->setText(Captions::pick(Captions::LabelSettings, lang));
-    LabelAbout->setText(Captions::pick(Captions::LabelAbout, lang));
-    LabelToday->setText(Captions::pick(Captions::LabelToday, lang));
-    LabelTime->setText(Captions::pick(Captions::LabelTime, lang));
-    LabelActDate2->setText(Captions::pick(Captions::LabelActDate2, lang));
-    LabelLeftDays->setText(Captions::pick(Captions::LabelLeftDays, lang));
-    LabelMonth->setText(Captions::pick(Captions::LabelMonth, lang));
-
+    MainFormBuilder::setCaptions(*this, s.Language, s.FirstWeekDay);
     const Clock &clock = m_program.clock();
     LabelTodayVal->setText(LocaleFormats::shortDate(NowToMinute(clock).date()));
     LabelTimeVal->setText(LocaleFormats::longTime(NowToSecond(clock)));
-    LabelDays->setText(Captions::pick(Captions::LabelDays, lang));
-    MainFormBuilder::nameControls(*this, lang);
 
     // The scheme and picture in force, and the colours they share with the tooltip and shadow.
     ApplySchemeColors(m_program.settings());

@@ -1,6 +1,8 @@
 #include "DayButton.h"
 
+#include "MonthGrid.h"
 #include "appearance/BgrColor.h"
+#include "appearance/Captions.h"
 #include "appearance/SchemePalette.h"
 
 #include <QFocusEvent>
@@ -74,6 +76,25 @@ void DayButton::setScheme(const SchemePalette &palette)
         return;
     m_palette = &palette;
     update();
+}
+
+void DayButton::showCell(const MonthGrid &grid, QDate today, QDate selected,
+                         const QString &language)
+{
+    const MonthGrid::Cell &cell = grid.cell(m_index);
+    const QDate date = grid.dateOf(m_index);
+    setText(MonthGrid::caption(cell));
+    setBackColor(cell.backColor);
+    setToday(date.isValid() && date == today);
+    // Tab walks the days only; a blank cell is reached by a click or an arrow key.
+    setFocusPolicy(cell.day > 0 ? Qt::StrongFocus : Qt::ClickFocus);
+    const QDate place = date.isValid() ? date : grid.placeOf(m_index);
+    const QString name = place.isValid()
+        ? Captions::dayCellName(QLocale().toString(place, QLocale::LongFormat), date == today,
+                                date.isValid() && date == selected, language)
+        : QString();
+    if (accessibleName() != name)
+        setAccessibleName(name);
 }
 
 void DayButton::paintEvent(QPaintEvent *)

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QDate>
 #include <QPushButton>
 
 #include <cstdint>
 
+class MonthGrid;
 struct SchemePalette;
 
 // One cell of the month grid: a flat button painted in the scheme's colour for its back colour.
@@ -22,6 +24,9 @@ public:
     bool isToday() const { return m_today; }
     void setToday(bool today);
     void setScheme(const SchemePalette &palette);
+    // Shows this cell of `grid`: its day, colour and today's ring, and a screen-reader name in
+    // `language` with the full date (a blank cell's is the date it leads to).
+    void showCell(const MonthGrid &grid, QDate today, QDate selected, const QString &language);
 
 Q_SIGNALS:
     void focusGained(int index, Qt::FocusReason reason);

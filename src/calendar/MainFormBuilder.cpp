@@ -105,6 +105,28 @@ void nameControls(CalendarMonthExtForm &form, const QString &language)
     }
 }
 
+void setCaptions(CalendarMonthExtForm &form, const QString &language, const QString &firstWeekDay)
+{
+    form.ListMonth->clear();
+    form.ListMonth->addItems(Captions::monthNames(language));
+    const QStringList weekdays = Captions::weekdayNames(language, firstWeekDay);
+    for (int column = 1; column <= MonthGrid::ColumnCount; ++column)
+        form.LabelWeekDay[static_cast<std::size_t>(column)]->setText(weekdays.at(column - 1));
+    const std::pair<QLabel *, const Captions::Pair &> captions[] = {
+        { form.LabelSettings, Captions::LabelSettings },
+        { form.LabelAbout, Captions::LabelAbout },
+        { form.LabelToday, Captions::LabelToday },
+        { form.LabelTime, Captions::LabelTime },
+        { form.LabelActDate2, Captions::LabelActDate2 },
+        { form.LabelLeftDays, Captions::LabelLeftDays },
+        { form.LabelMonth, Captions::LabelMonth },
+        { form.LabelDays, Captions::LabelDays },
+    };
+    for (const auto &[label, caption] : captions)
+        label->setText(Captions::pick(caption, language));
+    nameControls(form, language);
+}
+
 QList<QWidget *> dragLabels(const CalendarMonthExtForm &form)
 {
     QList<QWidget *> labels { form.LabelActDate,     form.LabelMonth,       form.LabelToday,

@@ -12,6 +12,10 @@ namespace MainFormBuilder {
 
 void createControls(CalendarMonthExtForm &form);
 
+// Every caption in `language`: the month list, the weekday labels in the order `firstWeekDay`
+// starts, the panel and link texts, and the screen-reader names.
+void setCaptions(CalendarMonthExtForm &form, const QString &language, const QString &firstWeekDay);
+
 // Gives the controls whose picture or value does not say what they do their screen-reader names
 // in `language`.
 void nameControls(CalendarMonthExtForm &form, const QString &language);

@@ -29,6 +29,13 @@ QPoint keptOnScreen(const QPoint &storedTwips, const QSize &size, const QList<QR
     return { std::clamp(x, screen.left(), maxX), std::clamp(y, screen.top(), maxY) };
 }
 
+QPoint startTopLeft(const Settings &settings, const QSize &size, const QList<QRect> &screens)
+{
+    if (settings.CalendarAlignToCenter == QStringLiteral("Yes"))
+        return centredTopLeft(screens.value(0, QRect(0, 0, 1024, 768)), size);
+    return keptOnScreen({ settings.CalendarLeft, settings.CalendarTop }, size, screens);
+}
+
 QPoint besideTopLeft(const QRect &anchor, const QSize &size, const QRect &screen, int gap)
 {
     int x = anchor.right() + 1 + gap;

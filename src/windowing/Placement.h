@@ -28,6 +28,10 @@ QPoint centredTopLeft(const QRect &screen, const QSize &size);
 // position saved with a larger or another screen never leaves it out of reach.
 QPoint keptOnScreen(const QPoint &storedTwips, const QSize &size, const QList<QRect> &screens);
 
+// Where a window of `size` opens from the settings: centred on the primary screen (the first of
+// `screens`) when CalendarAlignToCenter says so, else at CalendarLeft/CalendarTop kept on screen.
+QPoint startTopLeft(const Settings &settings, const QSize &size, const QList<QRect> &screens);
+
 // The top-left corner of a window of `size` that opens beside `anchor` (another window): to its
 // right, `gap` pixels away, top edges level; to its left when the right side has no room on
 // `screen`; over it when neither side has. The result always lies on the screen.

@@ -1,5 +1,7 @@
 #include "E2eHarness.h"
 
+#include "support/Files.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -8,20 +10,23 @@
 #include <QThread>
 
 #include <csignal>
+#include <memory>
 #include <xcb/xcb.h>
 
 namespace e2e {
 
 namespace {
 
-QStringList qArgs(const Args &args)
+template<typename T>
+using Reply = std::unique_ptr<T, decltype(&free)>;
+
+template<typename T>
+Reply<T> reply(T *r)
 {
-    QStringList out;
-    for (const std::string &a : args)
-        out.append(QString::fromStdString(a));
-    return out;
+    return { r, &free };
 }
 
+// A process that has not ended; a copy that ended and was not yet reaped counts as ended.
 bool alive(qint64 pid)
 {
     QFile stat(QStringLiteral("/proc/%1/stat").arg(pid));
@@ -32,8 +37,6 @@ bool alive(qint64 pid)
 
 void end(QProcess &p)
 {
-    if (p.state() == QProcess::NotRunning)
-        return;
     p.terminate();
     if (!p.waitForFinished(3000)) {
         p.kill();
@@ -63,6 +66,7 @@ void E2eTest::SetUp()
     for (const char *sub : { "/home", "/config", "/runtime", "/bin" })
         QDir().mkdir(m_root + QLatin1StringView(sub),
                      QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    // A private copy, so that no settings file beside the build is taken for ours.
     ASSERT_TRUE(
         QFile::copy(QStringLiteral(QLV_PROGRAM_PATH), m_root + QStringLiteral("/bin/qlvcallt")));
     // Xvfb picks a free display and writes its number once it accepts clients.
@@ -70,6 +74,7 @@ void E2eTest::SetUp()
                           "tcp", "-noreset" });
     ASSERT_TRUE(waitFor([&] { return x.waitForReadyRead(100) && x.canReadLine(); }, 15000));
     m_display = QLatin1Char(':') + QString::fromLatin1(x.readLine().trimmed());
+    m_x = xcb_connect(m_display.toLatin1().constData(), nullptr);
 }
 
 void E2eTest::TearDown()
@@ -80,33 +85,29 @@ void E2eTest::TearDown()
         if (!waitFor([pid] { return !alive(pid); }, 3000))
             ::kill(pid_t(pid), SIGKILL);
     }
+    if (m_x)
+        xcb_disconnect(m_x);
     for (auto it = m_processes.rbegin(); it != m_processes.rend(); ++it)
         end(**it);
     m_processes.clear();
     QDir(m_root).removeRecursively();
 }
 
-QProcessEnvironment E2eTest::environment() const
-{
-    QProcessEnvironment env;
-    for (const auto &[name, value] :
-         { std::pair { "PATH", QStringLiteral("/usr/local/bin:/usr/bin:/bin") },
-           { "HOME", m_root + QStringLiteral("/home") },
-           { "DISPLAY", m_display },
-           { "XDG_CONFIG_HOME", m_root + QStringLiteral("/config") },
-           { "XDG_RUNTIME_DIR", m_root + QStringLiteral("/runtime") },
-           { "LANG", QStringLiteral("en_US.UTF-8") } }) {
-        env.insert(QLatin1StringView(name), value);
-    }
-    return env;
-}
-
 QProcess &E2eTest::start(const Args &argv)
 {
+    QProcessEnvironment env;
+    env.insert(QStringLiteral("PATH"), QStringLiteral("/usr/local/bin:/usr/bin:/bin"));
+    env.insert(QStringLiteral("HOME"), m_root + QStringLiteral("/home"));
+    env.insert(QStringLiteral("DISPLAY"), m_display);
+    env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_root + QStringLiteral("/config"));
+    env.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_root + QStringLiteral("/runtime"));
+    env.insert(QStringLiteral("LANG"), QStringLiteral("en_US.UTF-8"));
     auto &p = *m_processes.emplace_back(std::make_unique<QProcess>());
-    p.setProcessEnvironment(environment());
-    const QStringList args = qArgs(argv);
-    p.start(args.front(), args.mid(1));
+    p.setProcessEnvironment(env);
+    QStringList args;
+    for (const std::string &a : argv)
+        args.append(QString::fromStdString(a));
+    p.start(args.takeFirst(), args);
     p.waitForStarted(10000);
     return p;
 }
@@ -131,36 +132,45 @@ void E2eTest::startWindowManager(const std::string &name)
     ASSERT_EQ(wm.state(), QProcess::Running);
 }
 
+QProcess &E2eTest::openCalendar(const std::string &wm, const QByteArray &settings,
+                                const Args &wrapper)
+{
+    startWindowManager(wm);
+    if (!settings.isNull())
+        writeSettings(settings);
+    QProcess &program = startProgram(wrapper);
+    m_main = mainWindow(30000);
+    EXPECT_FALSE(m_main.empty()) << "no window";
+    // Without a window manager the focus is whatever was last named; with one, ask it.
+    EXPECT_TRUE(xdotool({ wm.empty() ? "windowfocus" : "windowactivate", "--sync", m_main }));
+    return program;
+}
+
 void E2eTest::startCompositor()
 {
     start({ "xcompmgr", "-n" });
-    xcb_connection_t *c = xcb_connect(m_display.toLatin1().constData(), nullptr);
-    auto *atom = xcb_intern_atom_reply(c, xcb_intern_atom(c, 0, 13, "_NET_WM_CM_S0"), nullptr);
+    const auto atom =
+        reply(xcb_intern_atom_reply(m_x, xcb_intern_atom(m_x, 0, 13, "_NET_WM_CM_S0"), nullptr));
     ASSERT_TRUE(atom);
     EXPECT_TRUE(waitFor(
         [&] {
-            auto *owner =
-                xcb_get_selection_owner_reply(c, xcb_get_selection_owner(c, atom->atom), nullptr);
-            const bool owned = owner && owner->owner != XCB_NONE;
-            free(owner);
-            return owned;
+            const auto owner = reply(xcb_get_selection_owner_reply(
+                m_x, xcb_get_selection_owner(m_x, atom->atom), nullptr));
+            return owner && owner->owner != XCB_NONE;
         },
         10000));
-    free(atom);
-    xcb_disconnect(c);
 }
 
 bool E2eTest::run(const Args &argv, QString *out)
 {
-    QProcess p;
-    p.setProcessEnvironment(environment());
-    const QStringList args = qArgs(argv);
-    p.start(args.front(), args.mid(1));
+    QProcess &p = start(argv);
     if (!p.waitForFinished(10000))
         end(p);
     if (out)
         *out = QString::fromLocal8Bit(p.readAllStandardOutput()).trimmed();
-    return p.exitStatus() == QProcess::NormalExit && p.exitCode() == 0;
+    const bool ok = p.exitStatus() == QProcess::NormalExit && p.exitCode() == 0;
+    m_processes.pop_back();
+    return ok;
 }
 
 Args E2eTest::windows(const std::string &title, int waitMs)
@@ -199,30 +209,26 @@ QRect E2eTest::geometry(const std::string &window)
 
 int E2eTest::stackIndex(const std::string &window)
 {
-    xcb_connection_t *c = xcb_connect(m_display.toLatin1().constData(), nullptr);
-    const auto tree = [c](xcb_window_t w) {
-        auto *reply = xcb_query_tree_reply(c, xcb_query_tree(c, w), nullptr);
-        const xcb_window_t *kids = reply ? xcb_query_tree_children(reply) : nullptr;
-        std::pair result { reply ? reply->parent : XCB_NONE,
-                           std::vector(
-                               kids, kids + (reply ? xcb_query_tree_children_length(reply) : 0)) };
-        free(reply);
-        return result;
-    };
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(c)).data->root;
+    // The root's child that holds the window: the window itself, or its frame.
     xcb_window_t w = xcb_window_t(std::stoul(window));
-    for (xcb_window_t up = tree(w).first; up != XCB_NONE && up != root; up = tree(w).first)
-        w = up;
-    int index = -1;
-    int mapped = 0;
-    for (const xcb_window_t child : tree(root).second) {
-        auto *a = xcb_get_window_attributes_reply(c, xcb_get_window_attributes(c, child), nullptr);
-        if (a && a->map_state == XCB_MAP_STATE_VIEWABLE)
-            index = child == w ? mapped : index, ++mapped;
-        free(a);
+    for (;;) {
+        const auto tree = reply(xcb_query_tree_reply(m_x, xcb_query_tree(m_x, w), nullptr));
+        if (!tree || tree->parent == tree->root || tree->parent == XCB_NONE)
+            break;
+        w = tree->parent;
     }
-    xcb_disconnect(c);
-    return index;
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(m_x)).data->root;
+    const auto top = reply(xcb_query_tree_reply(m_x, xcb_query_tree(m_x, root), nullptr));
+    const xcb_window_t *children = xcb_query_tree_children(top.get());
+    int mapped = 0;
+    for (int i = 0; i < xcb_query_tree_children_length(top.get()); ++i) {
+        const auto a = reply(xcb_get_window_attributes_reply(
+            m_x, xcb_get_window_attributes(m_x, children[i]), nullptr));
+        if (a && a->map_state == XCB_MAP_STATE_VIEWABLE && children[i] == w)
+            return mapped;
+        mapped += a && a->map_state == XCB_MAP_STATE_VIEWABLE;
+    }
+    return -1;
 }
 
 QString E2eTest::xprop(const std::string &window, const char *name)
@@ -235,16 +241,12 @@ QString E2eTest::xprop(const std::string &window, const char *name)
 
 QByteArray E2eTest::readSettings() const
 {
-    QFile f(settingsFolder() + QStringLiteral("qlvcal.ini"));
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    return readBytes(settingsFolder() + QStringLiteral("qlvcal.ini"));
 }
 
 void E2eTest::writeSettings(const QByteArray &content) const
 {
-    QDir().mkpath(settingsFolder());
-    QFile f(settingsFolder() + QStringLiteral("qlvcal.ini"));
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    f.write(content);
+    ASSERT_TRUE(writeBytes(settingsFolder() + QStringLiteral("qlvcal.ini"), content));
 }
 
 QString E2eTest::setting(const char *key) const

@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+struct xcb_connection_t;
+
 // The real qlvcallt under a private Xvfb, optionally with a window manager and a compositor,
 // driven through XTEST by xdotool. Every process is ended by its PID, also when a test fails.
 namespace e2e {
@@ -25,19 +27,27 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
-    // PATH, HOME, DISPLAY, XDG_CONFIG_HOME, XDG_RUNTIME_DIR and LANG=en_US.UTF-8.
-    QProcessEnvironment environment() const;
-    // Starts a process on this test's display; it is ended at teardown if still running.
+    // Starts a process on this test's display with its own PATH, HOME, XDG_CONFIG_HOME,
+    // XDG_RUNTIME_DIR and LANG=en_US.UTF-8; it is ended at teardown if still running.
     QProcess &start(const Args &argv);
     // A private copy of the program (no settings file beside the build interferes), run by
     // `wrapper` when given.
     QProcess &startProgram(const Args &wrapper = {});
-    // "openbox" or "icewm": returns once it manages the screen. "" starts nothing.
+    // "openbox", "icewm" or "fluxbox": returns once it manages the screen. "" starts nothing.
     void startWindowManager(const std::string &name);
     // xcompmgr, once it owns the compositing selection.
     void startCompositor();
     // A process the program started itself (a copy): ended by its PID at teardown.
     void adopt(qint64 pid) { m_adopted.push_back(pid); }
+
+    // The window manager `wm` (none when ""), `settings` as the settings file (none when null)
+    // and the program, whose window gets the focus; m_main is that window.
+    QProcess &openCalendar(const std::string &wm, const QByteArray &settings,
+                           const Args &wrapper = {});
+    bool mouseTo(QPoint p)
+    {
+        return xdotool({ "mousemove", "--sync", std::to_string(p.x()), std::to_string(p.y()) });
+    }
 
     // Runs a tool to its end; true when it succeeded. Its output goes to `out`.
     bool run(const Args &argv, QString *out = nullptr);
@@ -60,8 +70,10 @@ protected:
 
     QString m_display;
     QString m_root;
+    std::string m_main;
 
 private:
+    xcb_connection_t *m_x = nullptr;
     std::vector<std::unique_ptr<QProcess>> m_processes;
     std::vector<qint64> m_adopted;
 };

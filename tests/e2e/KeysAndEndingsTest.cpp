@@ -17,30 +17,12 @@ const QByteArray Stored =
 class Calendar : public E2eTest
 {
 protected:
-    // Starts the window manager (if any) and the program, and gives the window the focus.
-    QProcess &open(const char *wm, bool firstRun = false, const Args &wrapper = {})
-    {
-        m_wm = wm;
-        startWindowManager(m_wm);
-        if (!firstRun)
-            writeSettings(Stored);
-        QProcess &program = startProgram(wrapper);
-        m_window = mainWindow(30000);
-        EXPECT_FALSE(m_window.empty()) << "no window";
-        // Without a window manager the focus is whatever was last named; with one, ask it.
-        EXPECT_TRUE(
-            xdotool({ m_wm.empty() ? "windowfocus" : "windowactivate", "--sync", m_window }));
-        return program;
-    }
-    bool moveTo150x90() { return xdotool({ "windowmove", "--sync", m_window, "150", "90" }); }
+    bool moveTo150x90() { return xdotool({ "windowmove", "--sync", m_main, "150", "90" }); }
     static bool ended(QProcess &program, int waitMs = 10000)
     {
         return program.waitForFinished(waitMs) && program.exitStatus() == QProcess::NormalExit
             && program.exitCode() == 0;
     }
-
-    std::string m_wm;
-    std::string m_window;
 };
 
 struct EndRow
@@ -63,14 +45,19 @@ class Endings : public Calendar, public ::testing::WithParamInterface<EndRow>
 TEST_P(Endings, SaveThePositionAndPrintNothing)
 {
     const EndRow &row = GetParam();
-    QProcess &program = open(row.wm, row.firstRun);
+    QProcess &program = openCalendar(row.wm, row.firstRun ? QByteArray() : Stored);
     if (row.firstRun) {
         EXPECT_EQ(readSettings().count("\r\n"), 13) << "no file at start";
     }
     ASSERT_TRUE(moveTo150x90());
     QThread::msleep(200);
     if (row.minimised) {
-        ASSERT_TRUE(xdotool({ "windowminimize", "--sync", m_window }));
+        ASSERT_TRUE(xdotool({ "windowminimize", "--sync", m_main }));
+        // The program learns of it from the window manager's state, a moment later.
+        ASSERT_TRUE(waitFor(
+            [&] { return xprop(m_main, "_NET_WM_STATE").contains(QStringLiteral("HIDDEN")); },
+            3000));
+        QThread::msleep(300);
     }
     if (row.key) {
         ASSERT_TRUE(xdotool({ "key", row.key }));
@@ -113,7 +100,7 @@ class HeldKeys : public Calendar, public ::testing::WithParamInterface<HeldRow>
 TEST_P(HeldKeys, FireOnceOnTheRealRelease)
 {
     const HeldRow &row = GetParam();
-    QProcess &program = open("openbox");
+    QProcess &program = openCalendar("openbox", Stored);
     ASSERT_TRUE(run({ "xset", "r", "on" }));
     ASSERT_TRUE(xdotool({ "keydown", row.key }));
     QThread::msleep(2500);
@@ -141,10 +128,8 @@ INSTANTIATE_TEST_SUITE_P(Keys, HeldKeys,
 // next one closes the calendar.
 TEST_F(Calendar, EscOnADroppedDownListClosesOnlyTheList)
 {
-    QProcess &program = open("openbox");
-    const QPoint list = geometry(m_window).topLeft() + MainFormLayout::ListMonth.center();
-    ASSERT_TRUE(
-        xdotool({ "mousemove", "--sync", std::to_string(list.x()), std::to_string(list.y()) }));
+    QProcess &program = openCalendar("openbox", Stored);
+    ASSERT_TRUE(mouseTo(geometry(m_main).topLeft() + MainFormLayout::ListMonth.center()));
     for (const char *opener : { "click", "key" }) {
         ASSERT_TRUE(xdotool({ opener, opener == std::string("click") ? "1" : "F4" }));
         QThread::msleep(800);
@@ -162,10 +147,11 @@ TEST_F(Calendar, EscOnADroppedDownListClosesOnlyTheList)
 TEST_F(Calendar, AFullDiskLeavesTheOldFileWhole)
 {
     const std::string folder = settingsFolder().toStdString();
-    QProcess &program = open("", false,
-                             { "strace", "-qq", "-o", "/dev/null", "-P", folder + "settings.tmp",
-                               "-P", folder + "qlvcal.tmp", "-e", "trace=write,writev,pwrite64",
-                               "-e", "inject=write,writev,pwrite64:error=ENOSPC" });
+    QProcess &program =
+        openCalendar("", Stored,
+                     { "strace", "-qq", "-o", "/dev/null", "-P", folder + "settings.tmp", "-P",
+                       folder + "qlvcal.tmp", "-e", "trace=write,writev,pwrite64", "-e",
+                       "inject=write,writev,pwrite64:error=ENOSPC" });
     ASSERT_TRUE(moveTo150x90());
     ASSERT_TRUE(xdotool({ "key", "Escape" }));
     EXPECT_TRUE(ended(program, 30000));

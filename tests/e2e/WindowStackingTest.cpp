@@ -13,12 +13,9 @@ protected:
     // The calendar under the row's window manager, and another program's window on top of it.
     void open(const QByteArray &settings, QPoint otherAt = {})
     {
-        startWindowManager(GetParam());
-        writeSettings("CalendarLeft=1500\r\nCalendarTop=1500\r\nLanguage=English\r\n" + settings);
-        startProgram();
-        main = mainWindow();
-        ASSERT_FALSE(main.empty());
-        calendar = geometry(main);
+        openCalendar(GetParam(),
+                     "CalendarLeft=1500\r\nCalendarTop=1500\r\nLanguage=English\r\n" + settings);
+        calendar = geometry(m_main);
         const QPoint at = calendar.topLeft() + otherAt;
         // Titled so that no message of the window manager's own (fluxbox greets a new user
         // with an xmessage) is taken for it.
@@ -28,7 +25,6 @@ protected:
         ASSERT_TRUE(xdotool({ "windowactivate", "--sync", other }));
         QThread::msleep(300);
     }
-    std::string main;
     std::string other;
     QRect calendar;
 };
@@ -43,20 +39,18 @@ TEST_P(Desktop, ShadowIsBackBeneathWithinOneIntervalOfARaise)
     startCompositor();
     open({}, { 300, 200 });
     const std::string shadow = windows("Shadow").at(0);
-    const auto beneath = [&] { return stackIndex(shadow) == stackIndex(main) - 1; };
+    const auto beneath = [&] { return stackIndex(shadow) == stackIndex(m_main) - 1; };
     EXPECT_EQ(geometry(shadow), calendar.translated(4, 4));
     EXPECT_FALSE(xprop({}, "_NET_CLIENT_LIST").contains(QString::number(std::stoul(shadow), 16)));
     // 180 of 255, as the 32-bit fraction X keeps.
     EXPECT_NEAR(xprop(shadow, "_NET_WM_WINDOW_OPACITY").section(QLatin1Char('='), 1).toDouble(),
                 180.0 / 255 * 4294967295.0, 2.0);
-    ASSERT_GT(stackIndex(other), stackIndex(main)) << "the other window is not on top";
+    ASSERT_GT(stackIndex(other), stackIndex(m_main)) << "the other window is not on top";
 
-    const QPoint title = calendar.topLeft() + MainFormLayout::LabelActDate.center();
-    ASSERT_TRUE(
-        xdotool({ "mousemove", "--sync", std::to_string(title.x()), std::to_string(title.y()) }));
+    ASSERT_TRUE(mouseTo(calendar.topLeft() + MainFormLayout::LabelActDate.center()));
     ASSERT_TRUE(xdotool({ "click", "1" }));
     const qint64 took =
-        msUntil([&] { return stackIndex(main) > stackIndex(other) && beneath(); }, 4000);
+        msUntil([&] { return stackIndex(m_main) > stackIndex(other) && beneath(); }, 4000);
     RecordProperty("back_beneath_ms", int(took));
     EXPECT_TRUE(took >= 0 && took <= 1610) << took << " ms";
     QThread::msleep(1700);
@@ -67,7 +61,7 @@ TEST_P(Desktop, ShadowIsBackBeneathWithinOneIntervalOfARaise)
 TEST_P(Desktop, TopmostAtStartKeepsTheCalendarAbove)
 {
     open("CalendarTopmost=Yes\r\n");
-    EXPECT_GT(stackIndex(main), stackIndex(other));
+    EXPECT_GT(stackIndex(m_main), stackIndex(other));
 }
 
 INSTANTIATE_TEST_SUITE_P(WindowManagers, Desktop, ::testing::Values("openbox", "icewm", "fluxbox"));
@@ -90,23 +84,19 @@ class LabelDrag : public E2eTest, public ::testing::WithParamInterface<DragRow>
 // without a window manager.
 TEST_P(LabelDrag, MovesTheWindowByThePointersDelta)
 {
-    startWindowManager(GetParam().wm);
-    writeSettings("CalendarLeft=1500\r\nCalendarTop=1500\r\n");
-    startProgram();
-    const std::string main = mainWindow();
-    const QRect before = geometry(main);
+    openCalendar(GetParam().wm, "CalendarLeft=1500\r\nCalendarTop=1500\r\n");
+    const QRect before = geometry(m_main);
     const QPoint grab = before.topLeft() + GetParam().area.center();
     for (int i = -1; i <= 8; ++i) {
-        const QPoint p = grab + QPoint(std::min(i, 0), 0) + QPoint(-70, 45) * std::max(i, 0) / 8;
         ASSERT_TRUE(
-            xdotool({ "mousemove", "--sync", std::to_string(p.x()), std::to_string(p.y()) }));
+            mouseTo(grab + QPoint(std::min(i, 0), 0) + QPoint(-70, 45) * std::max(i, 0) / 8));
         if (i == 0) {
             ASSERT_TRUE(xdotool({ "mousedown", "1" }));
         }
     }
     ASSERT_TRUE(xdotool({ "mouseup", "1" }));
     QThread::msleep(200);
-    EXPECT_EQ(geometry(main).topLeft(), before.topLeft() + QPoint(-70, 45));
+    EXPECT_EQ(geometry(m_main).topLeft(), before.topLeft() + QPoint(-70, 45));
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -19,28 +19,21 @@ class RandomDraw : public ::testing::TestWithParam<DrawRow>
 
 } // namespace
 
-// Over many draws each concrete name comes up about equally often: the chi-square statistic
-// stays below the 0.1 % critical value (22.5 for 6 degrees of freedom, 24.3 for 7). A draw that
-// favours or never reaches a name, or that can return "Random" or "None", fails.
-TEST_P(RandomDraw, IsUniformOverTheConcreteNames)
+// "Random" draws each concrete name about equally often (every count within 5 % of the mean over
+// 70000 draws) and never "Random" or "None".
+TEST_P(RandomDraw, IsFairOverTheConcreteNames)
 {
-    const DrawRow &row = GetParam();
-    const QStringList &names = row.concrete();
+    const QStringList &names = GetParam().concrete();
     QRandomGenerator random(20240601);
     QMap<QString, int> counts;
-    const int draws = 70000;
-    for (int i = 0; i < draws; ++i)
-        ++counts[row.resolve(QStringLiteral("Random"), random)];
-    ASSERT_EQ(counts.size(), names.size());
-    const double expected = double(draws) / names.size();
-    double chiSquare = 0;
-    for (const QString &name : names) {
-        const double d = counts.value(name) - expected;
-        chiSquare += d * d / expected;
-    }
-    EXPECT_LT(chiSquare, names.size() == 7 ? 22.46 : 24.32);
-    EXPECT_FALSE(counts.contains(QStringLiteral("Random")));
-    EXPECT_FALSE(counts.contains(QStringLiteral("None")));
+    for (int i = 0; i < 70000; ++i)
+        ++counts[GetParam().resolve(QStringLiteral("Random"), random)];
+    QStringList sorted = names;
+    sorted.sort();
+    EXPECT_EQ(counts.keys(), sorted);
+    for (const QString &name : names)
+        EXPECT_NEAR(counts.value(name), 70000.0 / names.size(), 70000.0 / names.size() / 20)
+            << name.toStdString();
 }
 
 TEST_P(RandomDraw, AConcreteChoiceIsItself)
@@ -57,19 +50,3 @@ INSTANTIATE_TEST_SUITE_P(
                       DrawRow { "Pictures", &AppearanceNames::concretePictures,
                                 &AppearanceNames::resolvePicture }),
     [](const ::testing::TestParamInfo<DrawRow> &p) { return std::string(p.param.name); });
-
-TEST(AppearanceNameLists, ConcreteListsHoldTheRealNames)
-{
-    EXPECT_EQ(
-        AppearanceNames::concreteColorSchemes(),
-        QStringList({ QStringLiteral("Blue"), QStringLiteral("Black"), QStringLiteral("White"),
-                      QStringLiteral("Yellow"), QStringLiteral("Green"), QStringLiteral("Pink"),
-                      QStringLiteral("GrayScale") }));
-    QStringList pictures = AppearanceNames::concretePictures();
-    pictures.sort();
-    EXPECT_EQ(pictures,
-              QStringList({ QStringLiteral("Camomiles"), QStringLiteral("Dandelions"),
-                            QStringLiteral("Fancy"), QStringLiteral("Landscape"),
-                            QStringLiteral("Marble"), QStringLiteral("Sky"),
-                            QStringLiteral("Stars"), QStringLiteral("Waves") }));
-}

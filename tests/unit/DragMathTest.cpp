@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -51,29 +50,20 @@ struct DragRow
     QPoint grab = Grab; // pointer, screen twips
 };
 
-std::vector<DragRow> dragRows()
-{
-    return {
-        { "Exactly3600BothAxes", { { 3600, -3600 } }, { { 3600, -3600 } } },
-        { "Jump3601RightIgnored", { { 3601, 0 } }, { { 0, 0 } } },
-        { "Jump3601UpIgnored", { { 0, -3601 } }, { { 0, 0 } } },
-        { "OneAxisOverTheLimitStopsBoth", { { 15, 3601 } }, { { 0, 0 } } },
-        // Each event is measured from the grab point afresh, so many small steps go as far as
-        // the pointer does and a glitch is caught up by the next step.
-        { "LongDragOfSmallSteps",
-          { { 3000, 0 }, { 6000, 0 }, { 9000, 3000 } },
-          { { 3000, 0 }, { 6000, 0 }, { 9000, 3000 } } },
-        { "GlitchThenTheNextStepCatchesUp",
-          { { 150, 0 }, { 4650, 0 }, { 300, 150 } },
-          { { 150, 0 }, { 150, 0 }, { 300, 150 } } },
-        { "NegativeScreenPositions",
-          { { -300, -300 }, { -600, 0 } },
-          { { -300, -300 }, { -600, 0 } },
-          { -3000, -1500 },
-          { -2000, -1000 } },
-        { "PointerBetweenPixels", { { 7, 8 } }, { { 7, 8 } } },
-    };
-}
+// clang-format off
+const DragRow DragRows[] = {
+    { "Exactly3600BothAxes",          { { 3600, -3600 } }, { { 3600, -3600 } } },
+    { "Jump3601RightIgnored",         { { 3601, 0 } },     { { 0, 0 } } },
+    { "Jump3601UpIgnored",            { { 0, -3601 } },    { { 0, 0 } } },
+    { "OneAxisOverTheLimitStopsBoth", { { 15, 3601 } },    { { 0, 0 } } },
+    // Each event is measured from the grab point afresh, so many small steps go as far as the
+    // pointer does and a glitch is caught up by the next step.
+    { "LongDragOfSmallSteps",  { { 3000, 0 }, { 6000, 0 }, { 9000, 3000 } }, { { 3000, 0 }, { 6000, 0 }, { 9000, 3000 } } },
+    { "GlitchThenCatchUp",     { { 150, 0 }, { 4650, 0 }, { 300, 150 } },    { { 150, 0 }, { 150, 0 }, { 300, 150 } } },
+    { "NegativeScreenPositions", { { -300, -300 }, { -600, 0 } }, { { -300, -300 }, { -600, 0 } }, { -3000, -1500 }, { -2000, -1000 } },
+    { "PointerBetweenPixels",  { { 7, 8 } }, { { 7, 8 } } },
+};
+// clang-format on
 
 class DragStepTable : public ::testing::TestWithParam<std::tuple<DragRow, bool>>
 { };
@@ -106,7 +96,7 @@ TEST_P(DragStepTable, WindowFollowsThePointerAndTheShadowFollowsTheWindow)
 }
 
 INSTANTIATE_TEST_SUITE_P(Drags, DragStepTable,
-                         ::testing::Combine(::testing::ValuesIn(dragRows()), ::testing::Bool()),
+                         ::testing::Combine(::testing::ValuesIn(DragRows), ::testing::Bool()),
                          [](const auto &param) {
                              return std::get<0>(param.param).name
                                  + (std::get<1>(param.param) ? "_Shadow" : "_NoShadow");
@@ -140,22 +130,6 @@ TEST_F(DragStepPhases, ANewGrabStartsANewDragThatRestacksAgainButARecordDoesNot)
     EXPECT_EQ(window.at, Start + QPoint(75, 60));
 }
 
-TEST_F(DragStepPhases, AnOverflowingDifferenceLeavesTheWindowAlone)
-{
-    state.GrabX = std::numeric_limits<std::int32_t>::min();
-    pointer.atTwips(Grab);
-    EXPECT_FALSE(DragStep(state, pointer, window, DragMove, nullptr, ShadowOffsetTwips));
-    EXPECT_EQ(window.at, Start);
-}
-
-TEST(NearestPixel, RoundsToTheNearestPixelOnBothSidesOfZero)
-{
-    const std::pair<std::int64_t, int> rows[] = { { 7, 0 },   { 8, 1 },    { 65, 4 },     { -7, 0 },
-                                                  { -8, -1 }, { -85, -6 }, { -1435, -96 } };
-    for (const auto &[twips, pixels] : rows)
-        EXPECT_EQ(nearestPixel(twips), pixels) << twips;
-}
-
 struct PlaceRow
 {
     const char *name;
@@ -178,20 +152,18 @@ TEST_P(Placements, KeepTheWindowWhollyOnAScreen)
 const QRect Primary { 0, 0, 1280, 800 };
 const QRect RightOfIt { 1280, 0, 1920, 1080 };
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, Placements,
-    ::testing::Values(
-        PlaceRow { "OnScreen", { 1500, 1500 }, { Primary }, { 100, 100 } },
-        PlaceRow { "PastTheRightAndBottom", { 30000, 30000 }, { Primary }, { 880, 527 } },
-        PlaceRow { "Negative", { -4500, -15 }, { Primary }, { 0, 0 } },
-        PlaceRow { "OnTheSecondMonitor", { 30000, 7500 }, { Primary, RightOfIt }, { 2000, 500 } },
-        PlaceRow {
-            "PartlyPastTheSecondMonitor", { 45000, 15000 }, { Primary, RightOfIt }, { 2800, 807 } },
-        PlaceRow { "MostlyOnTheSecond", { 18000, 0 }, { Primary, RightOfIt }, { 1280, 0 } },
-        PlaceRow {
-            "NoScreenShowsItThePrimaryTakesIt", { 90000, 0 }, { Primary, RightOfIt }, { 880, 0 } },
-        PlaceRow { "FarLeft", { -90000, 0 }, { Primary, RightOfIt }, { 0, 0 } }),
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Rows, Placements, ::testing::Values(
+    PlaceRow { "OnScreen",                   { 1500, 1500 },   { Primary },            { 100, 100 } },
+    PlaceRow { "PastTheRightAndBottom",      { 30000, 30000 }, { Primary },            { 880, 527 } },
+    PlaceRow { "Negative",                   { -4500, -15 },   { Primary },            { 0, 0 } },
+    PlaceRow { "OnTheSecondMonitor",         { 30000, 7500 },  { Primary, RightOfIt }, { 2000, 500 } },
+    PlaceRow { "PartlyPastTheSecondMonitor", { 45000, 15000 }, { Primary, RightOfIt }, { 2800, 807 } },
+    PlaceRow { "MostlyOnTheSecond",          { 18000, 0 },     { Primary, RightOfIt }, { 1280, 0 } },
+    PlaceRow { "NoScreenShowsItPrimaryTakesIt", { 90000, 0 },  { Primary, RightOfIt }, { 880, 0 } },
+    PlaceRow { "FarLeft",                    { -90000, 0 },    { Primary, RightOfIt }, { 0, 0 } }),
     [](const auto &row) { return std::string(row.param.name); });
+// clang-format on
 
 struct BesideRow
 {

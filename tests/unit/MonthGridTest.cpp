@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cctype>
 #include <tuple>
 
 namespace {
@@ -104,92 +103,14 @@ TEST_P(GridColours, MarkTodayAndTheSelectedDate)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rules, GridColours,
-    ::testing::Values(ColourRow { "today only", QDate(2026, 3, 10), QDate(), { { 10, 0xFFFFFF } } },
-                      ColourRow { "selected before today",
-                                  QDate(2026, 3, 10),
-                                  QDate(2026, 3, 4),
-                                  { { 10, 0xFFFFFF }, { 4, 0xC0C0FF } } },
-                      ColourRow { "selected after today",
-                                  QDate(2026, 3, 10),
-                                  QDate(2026, 3, 20),
-                                  { { 10, 0xFFFFFF }, { 20, 0x80FFFF } } },
-                      ColourRow { "selected is today",
-                                  QDate(2026, 3, 10),
-                                  QDate(2026, 3, 10),
-                                  { { 10, 0x80FFFF } } },
-                      ColourRow { "selected in another month",
-                                  QDate(2026, 3, 10),
-                                  QDate(2026, 4, 10),
-                                  { { 10, 0xFFFFFF } } },
-                      ColourRow { "selected in an earlier month, today elsewhere",
-                                  QDate(2026, 5, 1),
-                                  QDate(2026, 2, 3),
-                                  {} },
-                      ColourRow { "selected here, today in a later month",
-                                  QDate(2026, 5, 1),
-                                  QDate(2026, 3, 31),
-                                  { { 31, 0xC0C0FF } } }),
-    [](const auto &row) {
-        std::string name = row.param.name;
-        for (char &c : name)
-            c = std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
-        return name;
-    });
-
-TEST(PartialUpdate, RedrawsOnlyTheDaysAndLeavesTheRestAsItWas)
-{
-    FakeClock clock;
-    MonthGrid grid;
-    // March 2026 starts on a Sunday: days in cells 1..31, today (the 5th) in cell 5.
-    grid.fill({ 2026, 3, QDate(2026, 3, 5), QDate(), true, false }, clock);
-    ASSERT_EQ(grid.cell(5).backColor, 0xFFFFFFu);
-    // February 2026 also starts on a Sunday but ends at cell 28; today has moved on.
-    grid.fill({ 2026, 2, QDate(2026, 2, 6), QDate(), true, true }, clock);
-
-    EXPECT_EQ(grid.cell(28).day, 28);
-    // Cells past February still hold March's last days: no trailing pass ran.
-    EXPECT_EQ(grid.cell(29).day, 29);
-    EXPECT_EQ(grid.cell(31).day, 31);
-    // A white cell keeps its white on a partial update; the new today turns white as well.
-    EXPECT_EQ(grid.cell(5).backColor, 0xFFFFFFu);
-    EXPECT_EQ(grid.cell(6).backColor, 0xFFFFFFu);
-
-    grid.fill({ 2026, 2, QDate(2026, 2, 6), QDate(), true, false }, clock);
-    EXPECT_EQ(grid.cell(5).backColor, 0xE0E0E0u);
-    EXPECT_EQ(grid.cell(29).day, 0);
-    EXPECT_EQ(grid.cell(29).backColor, 0xC8D0D4u);
-}
-
-TEST(FillLoopLimit, ADayLoopThatRunsOutOfTimeStopsWithCellsLeft)
-{
-    FakeClock clock;
-    MonthGrid grid;
-    grid.fill({ 2026, 3, QDate(), QDate(), true, false }, clock);
-    // Every reading of the clock now takes three seconds: the day loop gets through a few
-    // days before its ten seconds are up.
-    clock.steadyStep = std::chrono::seconds(3);
-    grid.fill({ 2026, 4, QDate(), QDate(), true, false }, clock);
-
-    // April 2026 starts on a Wednesday (cell 4); the first days went in...
-    EXPECT_EQ(grid.cell(4).day, 1);
-    EXPECT_GT(grid.daysShown(), 0);
-    EXPECT_LT(grid.daysShown(), 30);
-    // ...the trailing loop, out of time as well, blanked only a few cells after them, and the
-    // middle of the grid still holds March's numbers (March 2026 starts in cell 1).
-    EXPECT_EQ(grid.cell(4 + grid.daysShown()).day, 0);
-    EXPECT_EQ(grid.cell(20).day, 20);
-    EXPECT_EQ(grid.cell(30).day, 30);
-}
-
-TEST(GridLookup, FindsTheCellOfADateAndTheDateOfACell)
-{
-    const MonthGrid grid = filled(2026, 4, QDate(), QDate(), false); // starts Wednesday, cell 3
-    EXPECT_EQ(grid.cellOf(QDate(2026, 4, 1)), 3);
-    EXPECT_EQ(grid.cellOf(QDate(2026, 4, 30)), 32);
-    EXPECT_EQ(grid.cellOf(QDate(2026, 5, 1)), 0);
-    EXPECT_EQ(grid.dateOf(3), QDate(2026, 4, 1));
-    EXPECT_FALSE(grid.dateOf(2).isValid());
-    EXPECT_FALSE(grid.dateOf(33).isValid());
-}
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Rules, GridColours, ::testing::Values(
+    ColourRow { "TodayOnly",                QDate(2026, 3, 10), QDate(),           { { 10, 0xFFFFFF } } },
+    ColourRow { "SelectedBeforeToday",      QDate(2026, 3, 10), QDate(2026, 3, 4), { { 10, 0xFFFFFF }, { 4, 0xC0C0FF } } },
+    ColourRow { "SelectedAfterToday",       QDate(2026, 3, 10), QDate(2026, 3, 20), { { 10, 0xFFFFFF }, { 20, 0x80FFFF } } },
+    ColourRow { "SelectedIsToday",          QDate(2026, 3, 10), QDate(2026, 3, 10), { { 10, 0x80FFFF } } },
+    ColourRow { "SelectedInAnotherMonth",   QDate(2026, 3, 10), QDate(2026, 4, 10), { { 10, 0xFFFFFF } } },
+    ColourRow { "BothInOtherMonths",        QDate(2026, 5, 1),  QDate(2026, 2, 3),  {} },
+    ColourRow { "TodayInALaterMonth",       QDate(2026, 5, 1),  QDate(2026, 3, 31), { { 31, 0xC0C0FF } } }),
+    [](const auto &row) { return std::string(row.param.name); });
+// clang-format on

@@ -3,6 +3,7 @@
 #include "app/FileOps.h"
 #include "app/SettingsFile.h"
 #include "support/FakeClock.h"
+#include "support/Files.h"
 #include "support/QtPrinters.h"
 
 #include <QDir>
@@ -19,18 +20,6 @@ using namespace Qt::StringLiterals;
 using namespace std::string_view_literals;
 
 namespace testsupport {
-
-inline QByteArray readBytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-inline bool writeBytes(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
 
 // Every name in a folder, hidden ones included.
 inline QStringList folderEntries(const QString &folder)

@@ -1,9 +1,6 @@
 #include "calendar/TimeText.h"
 
-#include "support/FakeClock.h"
 #include "support/QtPrinters.h"
-
-#include <QTimeZone>
 
 #include <gtest/gtest.h>
 
@@ -39,31 +36,23 @@ TEST_P(FormatTimeTable, PicksTheDesignatorTheSampleSuggests)
     EXPECT_EQ(chosen.pm, QString::fromUtf8(row.pm)) << row.name;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Samples, FormatTimeTable,
-    ::testing::Values(
-        FormatRow { "upper", "10:15:30 AM", QTime(10, 15, 30), true, true, "10:15:30 AM", "AM",
-                    "PM" },
-        FormatRow { "upperAfternoon", "3:15:30 PM", QTime(15, 5, 9), true, true, "3:05:09 PM", "AM",
-                    "PM" },
-        FormatRow { "lower", "10:15:30 am", QTime(22, 5, 9), true, true, "10:05:09 pm", "am",
-                    "pm" },
-        FormatRow { "singleUpper", "10:15:30 A", QTime(0, 5), false, true, "12:05 A", "A", "P" },
-        FormatRow { "singleLower", "10:15:30 p", QTime(12, 0), true, true, "12:00:00 p", "a", "p" },
-        FormatRow { "dottedLower", "10:15:30 a.m.", QTime(13, 0, 1), true, true, "1:00:01 p.m.",
-                    "A.M.", "P.M." },
-        FormatRow { "dottedUpper", "10:15:30 A.M.", QTime(9, 30), true, true, "9:30:00 a.m.",
-                    "A.M.", "P.M." },
-        FormatRow { "none", "22:15:30", QTime(22, 15, 30), true, true, "10:15:30 PM", "AM", "PM" },
-        // A zone name left in the sample reads as a one-letter designator; this is why
-        // the long time format loses its zone field before it gives the sample.
-        FormatRow { "zoneName", "10:15:30 PST", QTime(10, 15, 30), true, true, "10:15:30 A", "A",
-                    "P" },
-        FormatRow { "twentyFourHour", "10:15:30 AM", QTime(9, 5, 7), true, false, "09:05:07", "",
-                    "" },
-        FormatRow { "twentyFourHourNoSeconds", "", QTime(23, 59, 59), false, false, "23:59", "",
-                    "" }),
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Samples, FormatTimeTable, ::testing::Values(
+    FormatRow { "upper",          "10:15:30 AM",   QTime(10, 15, 30), true,  true,  "10:15:30 AM",  "AM",   "PM" },
+    FormatRow { "upperAfternoon", "3:15:30 PM",    QTime(15, 5, 9),   true,  true,  "3:05:09 PM",   "AM",   "PM" },
+    FormatRow { "lower",          "10:15:30 am",   QTime(22, 5, 9),   true,  true,  "10:05:09 pm",  "am",   "pm" },
+    FormatRow { "singleUpper",    "10:15:30 A",    QTime(0, 5),       false, true,  "12:05 A",      "A",    "P" },
+    FormatRow { "singleLower",    "10:15:30 p",    QTime(12, 0),      true,  true,  "12:00:00 p",   "a",    "p" },
+    FormatRow { "dottedLower",    "10:15:30 a.m.", QTime(13, 0, 1),   true,  true,  "1:00:01 p.m.", "A.M.", "P.M." },
+    FormatRow { "dottedUpper",    "10:15:30 A.M.", QTime(9, 30),      true,  true,  "9:30:00 a.m.", "A.M.", "P.M." },
+    FormatRow { "none",           "22:15:30",      QTime(22, 15, 30), true,  true,  "10:15:30 PM",  "AM",   "PM" },
+    // A zone name left in the sample reads as a one-letter designator; this is why the long
+    // time format loses its zone field before it gives the sample.
+    FormatRow { "zoneName",       "10:15:30 PST",  QTime(10, 15, 30), true,  true,  "10:15:30 A",   "A",    "P" },
+    FormatRow { "twentyFourHour", "10:15:30 AM",   QTime(9, 5, 7),    true,  false, "09:05:07",     "",     "" },
+    FormatRow { "twentyFourHourNoSeconds", "",     QTime(23, 59, 59), false, false, "23:59",        "",     "" }),
     [](const auto &row) { return std::string(row.param.name); });
+// clang-format on
 
 TEST(LocaleFormats, DropTheZoneAndWidenTheYear)
 {
@@ -82,49 +71,3 @@ TEST(LocaleFormats, DropTheZoneAndWidenTheYear)
     EXPECT_EQ(LocaleFormats::shortTime24Pattern(ru), QStringLiteral("HH:mm"));
     EXPECT_EQ(LocaleFormats::shortDate(QDate(1905, 7, 4), us), QStringLiteral("7/4/1905"));
 }
-
-TEST(LocaleFormats, AZoneNameNeverReachesTheClock)
-{
-    const QTimeZone pacific("America/Los_Angeles");
-    if (!pacific.isValid())
-        GTEST_SKIP() << "no time-zone data";
-    const QLocale us(QLocale::English, QLocale::UnitedStates);
-    const QDateTime moment(QDate(2026, 1, 10), QTime(10, 15, 30), pacific);
-    ASSERT_TRUE(us.toString(moment, us.timeFormat(QLocale::LongFormat)).contains(u'P'));
-
-    const TimeFormatContext context = TimeFormatContext::fromLocale(us, moment, true);
-    EXPECT_EQ(context.longTimeSample, QStringLiteral("10:15:30 AM"));
-    EXPECT_EQ(FormatTime(moment.time(), true, context), QStringLiteral("10:15:30 AM"));
-}
-
-TEST(NowTo, DropsTheSecondsOrKeepsThem)
-{
-    FakeClock clock(QDateTime(QDate(2026, 3, 5), QTime(14, 7, 59, 750)));
-    EXPECT_EQ(NowToMinute(clock), QDateTime(QDate(2026, 3, 5), QTime(14, 7)));
-    EXPECT_EQ(NowToSecond(clock), QDateTime(QDate(2026, 3, 5), QTime(14, 7, 59)));
-}
-
-struct DifferenceRow
-{
-    QDateTime from;
-    QDate to;
-    qint64 expected;
-};
-
-class DayDifference : public ::testing::TestWithParam<DifferenceRow>
-{ };
-
-TEST_P(DayDifference, CountsDayBoundaries)
-{
-    const DifferenceRow &row = GetParam();
-    EXPECT_EQ(dayDifference(row.from, row.to), row.expected);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rows, DayDifference,
-    ::testing::Values(
-        DifferenceRow { QDateTime(QDate(2026, 3, 5), QTime(23, 59)), QDate(2026, 3, 7), 2 },
-        DifferenceRow { QDateTime(QDate(2026, 3, 5), QTime(0, 0)), QDate(2026, 3, 3), -2 },
-        DifferenceRow { QDateTime(QDate(2026, 3, 5), QTime(12, 0)), QDate(2026, 3, 5), 0 },
-        DifferenceRow { QDateTime(QDate(2026, 3, 5), QTime(23, 59)), QDate(2026, 3, 6), 1 },
-        DifferenceRow { QDateTime(QDate(1900, 1, 1), QTime(0, 0)), QDate(2099, 12, 31), 73048 }));

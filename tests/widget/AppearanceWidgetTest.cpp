@@ -1,12 +1,10 @@
 #include "MainFormFixture.h"
 #include "appearance/AppearanceNames.h"
 #include "appearance/ButtonArt.h"
-#include "appearance/CyrillicFont.h"
 #include "appearance/SchemePalette.h"
 #include "calendar/MainFormLayout.h"
 #include "support/ImageGap.h"
 
-#include <QFontDatabase>
 #include <QPainter>
 
 using namespace std::string_literals;
@@ -104,20 +102,3 @@ TEST_P(ButtonLooks, FourStatesApart)
 INSTANTIATE_TEST_SUITE_P(EveryScheme, ButtonLooks,
                          ::testing::ValuesIn(AppearanceNames::concreteColorSchemes()),
                          [](const auto &row) { return row.param.toStdString(); });
-
-// A face without Cyrillic letters gives way to one that has them; one that has them stays.
-TEST(CyrillicFontProbe, ReplacesOnlyAFaceWithoutCyrillic)
-{
-    const QFont latin(QStringLiteral("Liberation Sans"), 9);
-    EXPECT_EQ(CyrillicFont::probe(latin).family(), latin.family());
-    QStringList withoutCyrillic = QFontDatabase::families();
-    for (const QString &family : QFontDatabase::families(QFontDatabase::Cyrillic))
-        withoutCyrillic.removeAll(family);
-    if (withoutCyrillic.isEmpty())
-        GTEST_SKIP() << "every installed face has Cyrillic letters";
-    const QFont asked(withoutCyrillic.first(), 9);
-    ASSERT_FALSE(CyrillicFont::drawsCyrillic(asked)) << asked.family().toStdString();
-    const QFont probed = CyrillicFont::probe(asked);
-    EXPECT_TRUE(CyrillicFont::drawsCyrillic(probed)) << probed.family().toStdString();
-    EXPECT_EQ(probed.pointSize(), 9);
-}

@@ -1,8 +1,6 @@
 #include "MainFormFixture.h"
 
 #include <QAccessible>
-#include <QMessageBox>
-#include <QTimer>
 
 namespace {
 
@@ -57,61 +55,5 @@ INSTANTIATE_TEST_SUITE_P(
                                   "Monday, February 23, 2026" },
                       AccessRow { "Russian", "Переход к предыдущему месяцу", "Месяц",
                                   "Выбор месяца", "понедельник, 23 февраля 2026 г." }));
-
-class Keyboard : public MainFormTest
-{
-protected:
-    void key(QEvent::Type type, Qt::Key k, Qt::KeyboardModifiers modifiers = {})
-    {
-        QKeyEvent event(type, k, modifiers);
-        QWidget *target = QApplication::focusWidget();
-        QApplication::sendEvent(target ? target : form.data(), &event);
-    }
-    void tap(Qt::Key k, Qt::KeyboardModifiers modifiers = {})
-    {
-        key(QEvent::KeyPress, k, modifiers);
-        if (form)
-            key(QEvent::KeyRelease, k, modifiers);
-    }
-};
-
-// The author box takes its own Esc; neither the press nor the release reaches the calendar.
-TEST_F(Keyboard, EscClosesTheAuthorBoxAlone)
-{
-    open(at(2026, 3, 12));
-    bool boxSeen = false;
-    bool boxStayed = false;
-    QTimer::singleShot(0, [&] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        boxSeen = box != nullptr;
-        if (box)
-            QTest::keyPress(box, Qt::Key_Escape);
-    });
-    QTimer::singleShot(300, [&] {
-        if (QWidget *box = QApplication::activeModalWidget()) {
-            boxStayed = true;
-            box->close();
-        }
-    });
-    key(QEvent::KeyPress, Qt::Key_I, Qt::ControlModifier | Qt::AltModifier | Qt::ShiftModifier);
-    EXPECT_TRUE(boxSeen);
-    EXPECT_FALSE(boxStayed);
-    key(QEvent::KeyRelease, Qt::Key_Escape);
-    ASSERT_TRUE(form && form->isVisible()) << "the calendar closed";
-    tap(Qt::Key_Escape);
-    EXPECT_TRUE(!form || !form->isVisible());
-}
-
-TEST_F(Keyboard, EnterClicksTheFocusedButtonAndAltQQuits)
-{
-    open(at(2026, 3, 12));
-    button("ButtNextMonth")->setFocus();
-    tap(Qt::Key_Return);
-    EXPECT_EQ(shownMonth(), 4);
-    EXPECT_FALSE(program->Closing);
-    tap(Qt::Key_Q, Qt::AltModifier);
-    EXPECT_TRUE(program->Closing);
-    EXPECT_TRUE(!form || !form->isVisible());
-}
 
 } // namespace

@@ -78,6 +78,20 @@ protected:
         return child<QComboBox>(QStringLiteral("ListYear"))->currentText().toInt();
     }
     void click(QWidget *w) { QTest::mouseClick(w, Qt::LeftButton); }
+    // Key events as a keyboard sends them, to whatever has the focus.
+    void sendKey(QEvent::Type type, Qt::Key k, Qt::KeyboardModifiers modifiers = {})
+    {
+        QWidget *target = QApplication::focusWidget();
+        QTest::sendKeyEvent(type == QEvent::KeyPress ? QTest::Press : QTest::Release,
+                            target ? target : form.data(), k, QString(), modifiers);
+    }
+    void tap(Qt::Key k, Qt::KeyboardModifiers modifiers = {})
+    {
+        sendKey(QEvent::KeyPress, k, modifiers);
+        if (form)
+            sendKey(QEvent::KeyRelease, k, modifiers);
+    }
+    bool closed() const { return !form || !form->isVisible(); }
 
     FakeClock clock;
     std::unique_ptr<ProgramState> program;

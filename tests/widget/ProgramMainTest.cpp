@@ -2,6 +2,7 @@
 #include "app/SettingsFile.h"
 #include "appearance/ResourcesForm.h"
 #include "calendar/CalendarMonthExtForm.h"
+#include "support/Files.h"
 
 #include <QApplication>
 #include <QDir>
@@ -9,7 +10,6 @@
 #include <QPointer>
 #include <QScreen>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -18,47 +18,17 @@
 
 namespace {
 
-QByteArray readBytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeBytes(const QString &path, const QByteArray &bytes)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(bytes);
-}
-
 QWidget *topLevel(const QString &name)
 {
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget *w : windows) {
+    for (QWidget *w : QApplication::topLevelWidgets()) {
         if (w->objectName() == name)
             return w;
     }
     return nullptr;
 }
 
-// Records the order in which watched windows receive their close event.
-class CloseRecorder : public QObject
-{
-public:
-    QStringList closed;
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() == QEvent::Close)
-            closed.append(watched->objectName());
-        return false;
-    }
-};
-
-// Program::Main on the offscreen platform with a private config folder; the
-// environment it sees is only what the test puts in `env`.
+// Program::Main on the offscreen platform with a private config folder; the environment it sees
+// is only what the test puts in `env`.
 class ProgramMain : public ::testing::Test
 {
 protected:
@@ -66,9 +36,7 @@ protected:
     {
         QApplication::setQuitOnLastWindowClosed(false);
         QDir(dir.path()).mkpath(QStringLiteral("program"));
-        QDir(dir.path()).mkpath(QStringLiteral("home"));
         env["XDG_CONFIG_HOME"] = QFile::encodeName(dir.filePath(QStringLiteral("config")));
-        env["HOME"] = QFile::encodeName(dir.filePath(QStringLiteral("home")));
         env["LANG"] = "en_US.UTF-8";
     }
 
@@ -88,9 +56,8 @@ protected:
     {
         ProgramOptions options;
         options.applicationDir = dir.filePath(QStringLiteral("program"));
-        options.fallbackHome = dir.filePath(QStringLiteral("home"));
-        const auto vars = env;
-        options.getEnv = [vars](const char *name) {
+        options.fallbackHome = dir.path();
+        options.getEnv = [vars = env](const char *name) {
             const auto it = vars.find(name);
             return it == vars.end() ? QByteArray() : it->second;
         };
@@ -115,10 +82,11 @@ struct PlacementRow
 {
     const char *name;
     QByteArray file; // empty: no file
-    QPoint topLeft; // Centred: the middle of the screen
+    QPoint topLeft; // or one of the two marks below
 };
 
 const QPoint Centred(-1, -1);
+const QPoint BottomRight(-2, -2); // pulled back into the screen's bottom-right corner
 
 class MainWindowPlacement : public ProgramMain, public ::testing::WithParamInterface<PlacementRow>
 { };
@@ -127,19 +95,18 @@ class MainWindowPlacement : public ProgramMain, public ::testing::WithParamInter
 
 TEST_P(MainWindowPlacement, TheFramelessMainWindowAtItsPlace)
 {
-    if (!GetParam().file.isEmpty())
-        writeBytes(settingsPath(), GetParam().file);
+    ASSERT_TRUE(GetParam().file.isEmpty() || writeBytes(settingsPath(), GetParam().file));
     start();
     QWidget *window = mainWindow();
     ASSERT_NE(window, nullptr);
     EXPECT_TRUE(window->isVisible());
-    EXPECT_EQ(window->size(), QSize(400, 273));
     EXPECT_TRUE(window->windowFlags() & Qt::FramelessWindowHint);
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
     QPoint expected = GetParam().topLeft;
-    if (expected == Centred) {
-        const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    if (expected == Centred)
         expected = QPoint((screen.width() - 400) / 2, (screen.height() - 273) / 2);
-    }
+    if (expected == BottomRight)
+        expected = QPoint(screen.width() - 400, screen.height() - 273);
     EXPECT_EQ(window->pos(), expected);
     EXPECT_EQ(static_cast<QWidget *>(program->mainForm()), window);
 }
@@ -149,142 +116,86 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         // The default position is the centre, computed in twips.
         PlacementRow { "NoFileCentres", {}, Centred },
-        PlacementRow { "SavedPosition", "CalendarLeft=1500\r\nCalendarTop=3000\r\n",
-                       QPoint(100, 200) },
+        PlacementRow { "SavedPosition", "CalendarLeft=1500\r\nCalendarTop=3000\r\n", { 100, 200 } },
+        PlacementRow { "OffScreenPulledBack", "CalendarLeft=99999\r\nCalendarTop=99999\r\n",
+                       BottomRight },
         PlacementRow { "CentreWins",
                        "CalendarLeft=1500\r\nCalendarTop=3000\r\nCalendarAlignToCenter=yes",
                        Centred }),
-    [](const ::testing::TestParamInfo<PlacementRow> &p) { return std::string(p.param.name); });
+    [](const auto &p) { return std::string(p.param.name); });
 
 namespace {
 
-struct QuitRow
+struct SaveRow
 {
     const char *name;
-    Qt::Key key;
-    Qt::KeyboardModifiers modifiers;
+    QByteArray editedMeanwhile; // null: the file stays as start-up left it
+    bool settingsWindowOpen;
+    QByteArray expected; // null: the whole file from the record
 };
 
-class QuitKeysClose : public ProgramMain, public ::testing::WithParamInterface<QuitRow>
+class CloseSaves : public ProgramMain, public ::testing::WithParamInterface<SaveRow>
 { };
 
 } // namespace
 
-TEST_P(QuitKeysClose, ClosesAndSavesThePosition)
+// Shut-down writes the whole record over a file nobody touched, only the position into a file
+// someone else changed meanwhile, and nothing while the Settings window is open.
+TEST_P(CloseSaves, ChoosesWhatToWrite)
 {
-    start();
-    QWidget *window = mainWindow();
-    ASSERT_NE(window, nullptr);
-    window->move(120, 140);
-    QWidget *focus = window->focusWidget() ? window->focusWidget() : window;
-    QTest::keyClick(focus, GetParam().key, GetParam().modifiers);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-
-    EXPECT_EQ(mainWindow(), nullptr);
-    EXPECT_TRUE(program->NoMainFormLoaded());
-    const QByteArray text = readBytes(settingsPath());
-    EXPECT_TRUE(text.contains("\r\nCalendarLeft=1800\r\nCalendarTop=2100\r\n"))
-        << text.toStdString();
-}
-
-INSTANTIATE_TEST_SUITE_P(Keys, QuitKeysClose,
-                         ::testing::Values(QuitRow { "Escape", Qt::Key_Escape, Qt::NoModifier },
-                                           QuitRow { "AltQ", Qt::Key_Q, Qt::AltModifier },
-                                           QuitRow { "AltX", Qt::Key_X, Qt::AltModifier }),
-                         [](const ::testing::TestParamInfo<QuitRow> &p) {
-                             return std::string(p.param.name);
-                         });
-
-TEST_F(ProgramMain, OtherKeysDoNotClose)
-{
-    start();
-    QWidget *window = mainWindow();
-    ASSERT_NE(window, nullptr);
-    QTest::keyClick(window, Qt::Key_Q);
-    QTest::keyClick(window, Qt::Key_X, Qt::ControlModifier);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_NE(mainWindow(), nullptr);
-}
-
-TEST_F(ProgramMain, IsFormLoadedInBothModes)
-{
-    start();
-    EXPECT_TRUE(program->state().IsFormLoaded(QStringLiteral(" calendarmonthextform "), true));
-    EXPECT_TRUE(program->state().IsFormLoaded(QStringLiteral("CalendarMonthExtForm"), false));
-    EXPECT_FALSE(program->NoMainFormLoaded());
-
-    // A window only in the list, not among the flags, and the other way round.
-    QWidget view;
-    view.setObjectName(QStringLiteral("ViewForm"));
-    EXPECT_TRUE(program->state().IsFormLoaded(QStringLiteral("ViewForm"), true));
-    EXPECT_FALSE(program->state().IsFormLoaded(QStringLiteral("ViewForm"), false));
-    program->state().setFormLoaded(QStringLiteral("AboutForm"), true);
-    EXPECT_TRUE(program->state().IsFormLoaded(QStringLiteral("AboutForm"), false));
-    EXPECT_FALSE(program->state().IsFormLoaded(QStringLiteral("AboutForm"), true));
-    EXPECT_FALSE(program->state().IsFormLoaded(QString(), true));
-}
-
-TEST_F(ProgramMain, AnUnchangedFileIsWrittenWhole)
-{
+    const SaveRow &row = GetParam();
     start();
     const QByteArray atStart = readBytes(settingsPath());
-    ASSERT_FALSE(atStart.isEmpty());
+    ASSERT_TRUE(row.editedMeanwhile.isNull() || writeBytes(settingsPath(), row.editedMeanwhile));
+    if (row.settingsWindowOpen) {
+        auto *view = new QWidget;
+        view->setObjectName(QStringLiteral("ViewForm"));
+        view->show();
+    }
     program->state().settings().ColorScheme = QStringLiteral("Pink");
     mainWindow()->move(30, 45);
     program->CloseProgram();
-    const QByteArray text = readBytes(settingsPath());
-    EXPECT_TRUE(text.contains("\r\nColorScheme=Pink\r\n"));
-    EXPECT_TRUE(text.contains("\r\nCalendarLeft=450\r\nCalendarTop=675\r\n"));
-    EXPECT_EQ(text, program->settingsFile().fileContents());
+    const QByteArray saved = readBytes(settingsPath());
+    if (row.expected.isNull()) {
+        EXPECT_TRUE(saved.contains("\r\nColorScheme=Pink\r\n"));
+        EXPECT_EQ(saved, program->settingsFile().fileContents());
+    } else {
+        EXPECT_EQ(saved, row.expected == "old" ? atStart : row.expected);
+    }
 }
 
-TEST_F(ProgramMain, AFileChangedByOthersGetsOnlyThePosition)
-{
-    start();
-    // Another copy or the user changed the file while this one ran.
-    const QByteArray edited = "Language=Russian\r\nColorScheme=Green\r\nCalendarLeft=1\r\n"
-                              "calendartop=2\r\nCalendarBorderWidth=7\r\n";
-    writeBytes(settingsPath(), edited);
-    program->state().settings().ColorScheme = QStringLiteral("Pink");
-    mainWindow()->move(30, 45);
-    program->CloseProgram();
-    EXPECT_EQ(readBytes(settingsPath()),
-              QByteArray("Language=Russian\r\nColorScheme=Green\r\nCalendarLeft=450\r\n"
-                         "CalendarTop=675\r\nCalendarBorderWidth=7\r\n"));
-}
-
-TEST_F(ProgramMain, NothingIsSavedWhileTheSettingsWindowIsOpen)
-{
-    start();
-    const QByteArray atStart = readBytes(settingsPath());
-    auto *view = new QWidget;
-    view->setObjectName(QStringLiteral("ViewForm"));
-    view->show();
-    program->state().settings().ColorScheme = QStringLiteral("Pink");
-    mainWindow()->move(30, 45);
-    program->CloseProgram();
-    EXPECT_EQ(readBytes(settingsPath()), atStart);
-}
+INSTANTIATE_TEST_SUITE_P(
+    Files, CloseSaves,
+    ::testing::Values(
+        SaveRow { "UnchangedWrittenWhole", {}, false, {} },
+        SaveRow {
+            "ChangedByOthersGetsOnlyThePosition",
+            "Language=Russian\r\nColorScheme=Green\r\nCalendarLeft=1\r\ncalendartop=2\r\n", false,
+            "Language=Russian\r\nColorScheme=Green\r\nCalendarLeft=450\r\nCalendarTop=675\r\n" },
+        SaveRow { "NothingWhileTheSettingsWindowIsOpen", {}, true, "old" }),
+    [](const auto &p) { return std::string(p.param.name); });
 
 TEST_F(ProgramMain, UnloadsTheWindowsInOrder)
 {
     start();
     EXPECT_TRUE(ResourcesForm::find()
                 && program->state().IsFormLoaded(QStringLiteral("RESOURCESFORM"), false));
-    CloseRecorder recorder;
-    mainWindow()->installEventFilter(&recorder);
+    QStringList gone;
+    const auto watch = [&gone](QWidget *w) {
+        QObject::connect(w, &QObject::destroyed,
+                         [&gone, name = w->objectName()] { gone.append(name); });
+    };
+    watch(mainWindow());
     for (const char *name : { "TabAppForm", "ViewForm", "AboutForm", "ToolTipForm" }) {
         auto *w = new QWidget;
         w->setObjectName(QString::fromLatin1(name));
-        w->installEventFilter(&recorder);
+        watch(w);
         w->show();
     }
     program->CloseProgram();
-    EXPECT_EQ(recorder.closed,
-              QStringList({ QStringLiteral("ToolTipForm"), QStringLiteral("AboutForm"),
-                            QStringLiteral("ViewForm"), QStringLiteral("TabAppForm"),
-                            QStringLiteral("CalendarMonthExtForm") }));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(gone.join(u' '),
+              QStringLiteral("ToolTipForm AboutForm ViewForm TabAppForm CalendarMonthExtForm"));
     EXPECT_TRUE(program->NoMainFormLoaded());
     // The button images are released after the windows.
     EXPECT_FALSE(ResourcesForm::find()
@@ -296,7 +207,7 @@ namespace {
 struct ReadsRow
 {
     const char *name;
-    std::function<void(const QString &path)> prepare;
+    QByteArray file; // null: none; "/": a folder in its place
     int reads;
 };
 
@@ -309,7 +220,10 @@ class StartupReads : public ProgramMain, public ::testing::WithParamInterface<Re
 // never be written is tried four times, and the program still starts on its defaults.
 TEST_P(StartupReads, ReadsAtMostFourTimes)
 {
-    GetParam().prepare(settingsPath());
+    if (GetParam().file == "/")
+        QDir().mkpath(settingsPath());
+    else
+        ASSERT_TRUE(GetParam().file.isNull() || writeBytes(settingsPath(), GetParam().file));
     start();
     EXPECT_EQ(program->settingsReads(), GetParam().reads);
     ASSERT_NE(mainWindow(), nullptr);
@@ -317,28 +231,24 @@ TEST_P(StartupReads, ReadsAtMostFourTimes)
     EXPECT_EQ(program->state().settings().CalendarBorderWidth, 2);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Files, StartupReads,
-    ::testing::Values(
-        ReadsRow { "GoodFile", [](const QString &p) { writeBytes(p, "Language=English"); }, 1 },
-        ReadsRow { "NoFile", [](const QString &) {}, 2 },
-        ReadsRow { "Overflow", [](const QString &p) { writeBytes(p, "CalendarTop=1e999"); }, 2 },
-        ReadsRow { "FolderInTheWay", [](const QString &p) { QDir().mkpath(p); }, 4 }),
-    [](const ::testing::TestParamInfo<ReadsRow> &p) { return std::string(p.param.name); });
+INSTANTIATE_TEST_SUITE_P(Files, StartupReads,
+                         ::testing::Values(ReadsRow { "GoodFile", "Language=English", 1 },
+                                           ReadsRow { "NoFile", {}, 2 },
+                                           ReadsRow { "Overflow", "CalendarTop=1e999", 2 },
+                                           ReadsRow { "FolderInTheWay", "/", 4 }),
+                         [](const auto &p) { return std::string(p.param.name); });
 
+// The locale reaches the first run: the file is written in Russian at once, the title follows,
+// and the checksum is the byte sum of what was written.
 TEST_F(ProgramMain, TheFirstRunTakesTheLocalesLanguage)
 {
     env["LANG"] = "ru_RU.UTF-8";
     start();
     const QByteArray text = readBytes(settingsPath());
-    EXPECT_TRUE(text.contains("\r\nLanguage=Russian\r\n"));
-    EXPECT_TRUE(text.contains("\r\nFirstWeekDay=Monday\r\n"));
-    EXPECT_EQ(program->settingsReads(), 2);
+    EXPECT_TRUE(text.contains("\r\nLanguage=Russian\r\nColorScheme=Blue\r\nFirstWeekDay=Monday"));
     EXPECT_EQ(mainWindow()->windowTitle(), QStringLiteral("Календарь КЛВ Лайт"));
-    EXPECT_EQ(program->state().SettingsChecksum, [&] {
-        std::int32_t sum = 0;
-        for (const char c : text)
-            sum += static_cast<unsigned char>(c);
-        return sum;
-    }());
+    std::int32_t sum = 0;
+    for (const char c : text)
+        sum += static_cast<unsigned char>(c);
+    EXPECT_EQ(program->state().SettingsChecksum, sum);
 }

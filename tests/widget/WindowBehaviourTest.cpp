@@ -172,6 +172,9 @@ TEST_P(Behaviour, MinimisingHidesTheShadowAndRestoringGivesTheFocusBackLockingTh
     EXPECT_TRUE(behaviour().drag().MoveLocked);
     EXPECT_TRUE(behaviour().tabApp()->TimerLockMoveForm->isActive());
     expectShadowBeneath();
+    // Minimised by the window manager (a taskbar click) rather than by the program's button.
+    window()->showMinimized();
+    EXPECT_FALSE(GetParam() && shadow()->isVisible());
 }
 
 TEST_P(Behaviour, TheUpkeepTimerSettlesOnItsIntervalAndBringsTheShadowBack)
