@@ -35,12 +35,7 @@ class SettingsKeys : public E2eTest, public ::testing::WithParamInterface<EndRow
 TEST_P(SettingsKeys, SaveDiscardOrQuitTheWholeWay)
 {
     const EndRow &row = GetParam();
-    startWindowManager("openbox");
-    writeSettings(Stored);
-    QProcess &program = startProgram();
-    const std::string main = mainWindow(30000);
-    ASSERT_FALSE(main.empty());
-    ASSERT_TRUE(xdotool({ "windowactivate", "--sync", main }));
+    QProcess &program = openCalendar("openbox", Stored);
     ASSERT_TRUE(xdotool({ "key", "F9" }));
     ASSERT_EQ(windows("  Calendar Settings  ").size(), 1U) << "F9 opened no Settings window";
     QThread::msleep(300);

@@ -6,9 +6,8 @@
 
 // Text metrics without fonts: a character is 10 twips wide per point (11 when bold), a line 20
 // twips tall per point; only "Arial" and "MS Sans Serif" exist. Every drawing is kept.
-class FixedTipCanvas : public TipCanvas
+struct FixedTipCanvas : TipCanvas
 {
-public:
     struct Draw
     {
         QPointF pen;
@@ -20,7 +19,7 @@ public:
     void setFont(const TipFont &f) override { font = f; }
     bool fontRenders() const override
     {
-        return font.face == QStringLiteral("Arial") || font.face == QStringLiteral("MS Sans Serif");
+        return font.face == u"Arial" || font.face == u"MS Sans Serif";
     }
     void setTextColor(std::uint32_t bgr) override { color = bgr; }
     std::int64_t textWidth(QStringView text) const override

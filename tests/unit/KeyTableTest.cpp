@@ -1,5 +1,7 @@
 #include "calendar/KeyTable.h"
 
+#include "settings_window/ViewFormKeyTable.h"
+
 #include <gtest/gtest.h>
 
 #include <map>
@@ -7,56 +9,84 @@
 
 namespace {
 
-using C = KeyTable::Command;
+// A row is steps separated by blanks: a kind letter (v key down, ^ key up, h key up while the
+// keyboard still holds the key, the first half of an X repeat pair; other letters per table),
+// then the key with +c/+a/+s for Ctrl/Alt/Shift and =Command for what must fire (else nothing).
+struct Step
+{
+    char kind = 0;
+    int key = 0;
+    Qt::KeyboardModifiers mods;
+    std::string command;
+};
+
+std::vector<Step> steps(const char *row)
+{
+    static const std::map<std::string, int> keys {
+        { "Esc", Qt::Key_Escape },   { "F1", Qt::Key_F1 },      { "F4", Qt::Key_F4 },
+        { "F9", Qt::Key_F9 },        { "N", Qt::Key_N },        { "Q", Qt::Key_Q },
+        { "X", Qt::Key_X },          { "I", Qt::Key_I },        { "A", Qt::Key_A },
+        { "M", Qt::Key_M },          { "Ret", Qt::Key_Return }, { "Ent", Qt::Key_Enter },
+        { "Ctrl", Qt::Key_Control },
+    };
+    static const std::map<char, Qt::KeyboardModifier> modifierOf { { 'c', Qt::ControlModifier },
+                                                                   { 'a', Qt::AltModifier },
+                                                                   { 's', Qt::ShiftModifier } };
+    std::vector<Step> out;
+    std::istringstream in(row);
+    for (std::string text; in >> text;) {
+        const size_t eq = std::min(text.find('='), text.size());
+        const size_t plus = std::min(text.find('+'), eq);
+        Step &step = out.emplace_back();
+        step.kind = text[0];
+        for (size_t i = plus + 1; i < eq; ++i)
+            step.mods |= modifierOf.at(text[i]);
+        step.key = plus > 1 ? keys.at(text.substr(1, plus - 1)) : 0;
+        step.command = eq < text.size() ? text.substr(eq + 1) : std::string();
+    }
+    return out;
+}
 
 struct SequenceRow
 {
     const char *name;
-    // Steps separated by blanks: v key down, ^ key up, h key up while the keyboard still holds
-    // the key (the first half of an X repeat pair), m key down with a mouse button held, then
-    // the key with +c/+a/+s for Ctrl/Alt/Shift and =Command for what must fire (else nothing).
-    // L and l: a list drops down and closes; T: the key-up times out; S: KeySuppress is set.
     const char *steps;
 };
 
+auto byName = [](const auto &row) { return std::string(row.param.name); };
+
+// The Main window's table. m: key down with a mouse button held; L and l: a list drops down and
+// closes; T: the key-up times out; S: KeySuppress is set.
 class KeySequences : public ::testing::TestWithParam<SequenceRow>
 { };
 
 TEST_P(KeySequences, FireTheirCommandsOnceOnTheRightEdge)
 {
-    static const std::map<std::string, int> keyCodes {
-        { "Esc", Qt::Key_Escape }, { "F1", Qt::Key_F1 },        { "F4", Qt::Key_F4 },
-        { "F9", Qt::Key_F9 },      { "N", Qt::Key_N },          { "Q", Qt::Key_Q },
-        { "X", Qt::Key_X },        { "I", Qt::Key_I },          { "Ret", Qt::Key_Return },
-        { "Ent", Qt::Key_Enter },  { "Ctrl", Qt::Key_Control },
-    };
+    using C = KeyTable::Command;
     static const std::map<std::string, C> commands {
-        { "FocusOk", C::FocusOk },   { "Close", C::Close },          { "Quit", C::Quit },
-        { "Activate", C::Activate }, { "Author", C::AuthorMessage }, { "About", C::About },
-        { "Settings", C::Settings }, { "New", C::NewInstance },      { "EndList", C::EndListState },
+        { "FocusOk", C::FocusOk },
+        { "Close", C::Close },
+        { "Quit", C::Quit },
+        { "Activate", C::Activate },
+        { "Author", C::AuthorMessage },
+        { "About", C::About },
+        { "Settings", C::Settings },
+        { "New", C::NewInstance },
+        { "EndList", C::EndListState },
         { "Discard", C::Discard },
+        { "", C::None },
     };
-    static const std::map<char, Qt::KeyboardModifier> modifierOf { { 'c', Qt::ControlModifier },
-                                                                   { 'a', Qt::AltModifier },
-                                                                   { 's', Qt::ShiftModifier } };
     KeyTable keys;
-    std::istringstream steps(GetParam().steps);
-    for (std::string step; steps >> step;) {
-        const size_t eq = std::min(step.find('='), step.size());
-        const size_t plus = std::min(step.find('+'), eq);
-        Qt::KeyboardModifiers mods;
-        for (size_t i = plus + 1; i < eq; ++i)
-            mods |= modifierOf.at(step[i]);
-        const int key = plus > 1 ? keyCodes.at(step.substr(1, plus - 1)) : 0;
+    for (const Step &step : steps(GetParam().steps)) {
         C got = C::None;
-        switch (step[0]) {
+        switch (step.kind) {
         case 'v':
         case 'm':
-            got = keys.keyDown(key, mods, step[0] == 'm');
+            got = keys.keyDown(step.key, step.mods, step.kind == 'm');
             break;
         case '^':
         case 'h':
-            got = keys.keyUp(key, mods, false, step[0] == 'h');
+            got = keys.keyUp(step.key, step.mods, false, step.kind == 'h');
             break;
         case 'L':
             keys.listDroppedDown();
@@ -70,31 +100,68 @@ TEST_P(KeySequences, FireTheirCommandsOnceOnTheRightEdge)
         default:
             keys.KeySuppress = true;
         }
-        EXPECT_EQ(int(got), int(eq < step.size() ? commands.at(step.substr(eq + 1)) : C::None))
-            << step;
+        EXPECT_EQ(int(got), int(commands.at(step.command))) << step.kind << step.key;
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, KeySequences,
-    ::testing::Values(
-        SequenceRow { "escClosesOnRelease", "vEsc=FocusOk ^Esc=Close" },
-        SequenceRow { "closeOnPressOnly", "vF4+a=Close ^F4+a vRet+c=Close ^Ret+c vF4 ^F4" },
-        SequenceRow { "altQAndAltXQuit", "vQ+a=Quit vX+a=Quit vQ" },
-        SequenceRow { "ctrlReleasedBeforeN", "vCtrl+c vN+c ^Ctrl ^N=New vN ^N" },
-        SequenceRow { "functionKeysOnRelease", "vF1 ^F1=About vF9 ^F9=Settings" },
-        SequenceRow { "enterClicksOncePerHold", "vRet=Activate vRet ^Ret vEnt=Activate" },
-        SequenceRow { "theAuthorBoxKeepsItsKeys", "vI+cas=Author ^Esc vI+ca" },
-        SequenceRow { "releaseWithoutPressOrAfterTimeOut", "^Esc vF9 T ^F9" },
-        SequenceRow { "mouseButtonHeld", "mEsc=Discard ^Esc" },
-        SequenceRow { "suppressedPressStillPairsWithItsRelease", "S vQ+a ^Q vQ+a=Quit" },
-        SequenceRow { "heldKeysRepeatAsPairs",
-                      "vN+c hN+c vN+c hN+c vN+c ^N+c=New vEsc=FocusOk hEsc vEsc ^Esc=Close" },
-        SequenceRow { "escClosingAListEndsOnlyTheList",
-                      "L vEsc l ^Esc=EndList vEsc=FocusOk ^Esc=Close" },
-        SequenceRow { "f4OpensAndClosesTheList",
-                      "vF4 L ^F4 vEsc l ^Esc=EndList vF4 L ^F4 vF4 l ^F4=EndList vEsc=FocusOk" },
-        SequenceRow { "aListClosedByAClickLeavesEscToClose", "L l vEsc=FocusOk ^Esc=Close" }),
-    [](const auto &row) { return std::string(row.param.name); });
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Table, KeySequences, ::testing::Values(
+    SequenceRow { "escClosesOnRelease", "vEsc=FocusOk ^Esc=Close" },
+    SequenceRow { "closeOnPressOnly", "vF4+a=Close ^F4+a vRet+c=Close ^Ret+c vF4 ^F4" },
+    SequenceRow { "altQAndAltXQuit", "vQ+a=Quit vX+a=Quit vQ" },
+    SequenceRow { "ctrlReleasedBeforeN", "vCtrl+c vN+c ^Ctrl ^N=New vN ^N" },
+    SequenceRow { "functionKeysOnRelease", "vF1 ^F1=About vF9 ^F9=Settings" },
+    SequenceRow { "enterClicksOncePerHold", "vRet=Activate vRet ^Ret vEnt=Activate" },
+    SequenceRow { "theAuthorBoxKeepsItsKeys", "vI+cas=Author ^Esc vI+ca" },
+    SequenceRow { "releaseWithoutPressOrAfterTimeOut", "^Esc vF9 T ^F9" },
+    SequenceRow { "mouseButtonHeld", "mEsc=Discard ^Esc" },
+    SequenceRow { "suppressedPressStillPairsWithItsRelease", "S vQ+a ^Q vQ+a=Quit" },
+    SequenceRow { "heldKeysRepeatAsPairs", "vN+c hN+c vN+c hN+c vN+c ^N+c=New vEsc=FocusOk hEsc vEsc ^Esc=Close" },
+    SequenceRow { "escClosingAListEndsOnlyTheList", "L vEsc l ^Esc=EndList vEsc=FocusOk ^Esc=Close" },
+    SequenceRow { "f4OpensAndClosesTheList", "vF4 L ^F4 vEsc l ^Esc=EndList vF4 L ^F4 vF4 l ^F4=EndList vEsc=FocusOk" },
+    SequenceRow { "aListClosedByAClickLeavesEscToClose", "L l vEsc=FocusOk ^Esc=Close" }),
+    byName);
+// clang-format on
+
+// The Settings window's table. T: the key-up timed out.
+class ViewFormKeySequences : public ::testing::TestWithParam<SequenceRow>
+{ };
+
+TEST_P(ViewFormKeySequences, FireOncePerHold)
+{
+    using C = ViewFormKeyTable::Command;
+    static const std::map<std::string, C> commands {
+        { "Press", C::PressCancel }, { "Ok", C::Ok },
+        { "Quit", C::Quit },         { "Blink", C::Attention },
+        { "Next", C::NextControl },  { "Reset", C::ResetPictures },
+        { "Clear", C::ClearHover },  { "Cancel", C::Cancel },
+        { "About", C::About },       { "", C::None },
+    };
+    ViewFormKeyTable table;
+    for (const Step &step : steps(GetParam().steps)) {
+        C got = C::None;
+        if (step.kind == 'T')
+            table.keyUpTimedOut();
+        else
+            got = step.kind == 'v' ? table.keyDown(step.key, step.mods)
+                                   : table.keyUp(step.key, step.kind == 'h');
+        EXPECT_EQ(int(got), int(commands.at(step.command))) << step.kind << step.key;
+    }
+}
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Rows, ViewFormKeySequences, ::testing::Values(
+    SequenceRow { "HeldEscCancelsOnRelease", "vEsc=Press hEsc vEsc hEsc vEsc ^Esc=Cancel ^Esc" },
+    SequenceRow { "CtrlOrAltWithEnterOrF4Save", "vRet+c=Ok ^Ret=Reset vF4+a=Ok ^F4=Reset vEnt+a=Ok" },
+    SequenceRow { "CommandKeysDoNotRepeat", "vRet+a=Ok hRet vRet+a vF4+c ^Ret=Reset" },
+    SequenceRow { "EnterAloneMovesOnEveryTime", "vRet=Next vRet=Next ^Ret vEnt=Next" },
+    SequenceRow { "AltQAndAltXQuitCtrlQDoesNot", "vQ+a=Quit ^Q=Reset vX+a=Quit ^X=Reset vQ+c" },
+    SequenceRow { "CtrlOrAltWithAOrMBlink", "vA+c=Blink ^A=Reset vM+a=Blink ^M vM+a=Blink" },
+    SequenceRow { "F1OnItsRealRelease", "vF1 hF1 vF1 hF1 ^F1=About ^F1" },
+    SequenceRow { "StrayReleasesDoNothing", "^F1 ^Esc ^Ret ^Ctrl" },
+    SequenceRow { "F4WhileEscArmedClearsHover", "vEsc=Press vF4 ^F4=Clear ^Esc=Cancel" },
+    SequenceRow { "TimeOutFreesTheHold", "vF9 T vRet+c=Ok" }),
+    byName);
+// clang-format on
 
 } // namespace

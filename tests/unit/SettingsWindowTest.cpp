@@ -1,52 +1,36 @@
 #include "app/Settings.h"
 #include "settings_window/SettingsEditor.h"
-#include "settings_window/ViewFormKeyTable.h"
 #include "settings_window/ViewFormLayout.h"
 #include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 
-#include <map>
-#include <sstream>
-
 using namespace Qt::StringLiterals;
 using ViewFormText::List;
-using E = SettingsEditor::Effect;
-
-namespace {
-
-struct ByName
-{
-    template<class Row>
-    std::string operator()(const ::testing::TestParamInfo<Row> &row) const
-    {
-        return row.param.name;
-    }
-};
-
-} // namespace
 
 // The lists map by index in their own order, not the reader's; English texts carry one leading
 // blank and Russian ones none, but the first language reads the same in both.
 TEST(ViewFormLists, MapEntriesToSettingsByIndex)
 {
-    const auto words = [](const char16_t *text) { return QString::fromUtf16(text).split(u' '); };
     for (const auto &[list, values] :
          { std::pair { List::ColorScheme,
-                       words(u"Blue Green Black White Yellow Pink GrayScale Random") },
+                       u"Blue Green Black White Yellow Pink GrayScale Random"_s },
            { List::BackPict,
-             words(
-                 u"None Sky Marble Fancy Waves Stars Dandelions Camomiles Landscape Random") } }) {
-        for (int i = 0; i < values.size(); ++i) {
-            EXPECT_EQ(ViewFormText::valueAt(list, i), values[i]);
-            EXPECT_EQ(ViewFormText::indexOf(list, values[i]), i);
+             u"None Sky Marble Fancy Waves Stars Dandelions Camomiles Landscape Random"_s } }) {
+        const QStringList value = values.split(u' ');
+        const QStringList english = ViewFormText::entries(list, u"English"_s);
+        for (int i = 0; i < value.size(); ++i) {
+            EXPECT_EQ(ViewFormText::valueAt(list, i), value[i]);
+            EXPECT_EQ(ViewFormText::indexOf(list, value[i]), i);
+            EXPECT_EQ(QString(english[i]).remove(u' ').toLower(), value[i].toLower());
         }
-        EXPECT_EQ(ViewFormText::entries(list, u"Russian"_s).size(), values.size());
+        EXPECT_EQ(ViewFormText::entries(list, u"Russian"_s).size(), value.size());
     }
     EXPECT_EQ(ViewFormText::entries(List::ColorScheme, u"English"_s)[6], u" Gray scale"_s);
     EXPECT_EQ(ViewFormText::entries(List::Lang, u"Russian"_s),
               QStringList({ u" English"_s, u"Русский"_s }));
-    EXPECT_EQ(ViewFormText::entries(List::Topmost, u"English"_s), words(u"Yes No"));
+    EXPECT_EQ(ViewFormText::entries(List::Topmost, u"English"_s),
+              QStringList({ u"Yes"_s, u"No"_s }));
     // Anything but the first entry's word selects the second; an unknown scheme selects none.
     EXPECT_EQ(ViewFormText::indexOf(List::Lang, u"english"_s), 1);
     EXPECT_EQ(ViewFormText::indexOf(List::ColorScheme, u"black"_s), -1);
@@ -57,7 +41,8 @@ TEST(SettingsEditorBorder, IsClampedAndRepaintsBothBodies)
 {
     Settings s;
     SettingsEditor editor(s, {}, {});
-    EXPECT_EQ(editor.chooseBorderWidth(7), SettingsEditor::Effects(E::Borders));
+    EXPECT_EQ(editor.chooseBorderWidth(7),
+              SettingsEditor::Effects(SettingsEditor::Effect::Borders));
     EXPECT_EQ(s.CalendarBorderWidth, 3);
 }
 
@@ -90,95 +75,25 @@ TEST_P(CancelRestores, TheSavedDrawOnlyWhereItStandsForTheChoice)
     EXPECT_EQ(inForce, QString::fromUtf8(row.shown));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, CancelRestores,
-    ::testing::Values(RestoreRow { "RandomScheme", true, "Random", "White", "Pink", "White" },
-                      // Another copy saved a plain choice meanwhile: the file wins.
-                      RestoreRow { "ChangedFileWins", true, "Pink", "White", "Pink", "Pink" },
-                      RestoreRow { "NothingSavedYet", true, "Random", "", "Pink", "Pink" },
-                      RestoreRow { "RandomPicture", false, "Random", "Stars", "Waves", "Stars" },
-                      RestoreRow { "NoneIsNoDraw", false, "Random", "None", "Waves", "Waves" }),
-    ByName());
-
-namespace {
-
-struct KeyRow
-{
-    const char *name;
-    // Steps separated by blanks: v key down, ^ key up, h the release half of an X repeat pair,
-    // T the key-up timed out; the key with +c/+a for Ctrl/Alt, and =Command for what must fire.
-    const char *steps;
-};
-
-class ViewFormKeySequences : public ::testing::TestWithParam<KeyRow>
-{ };
-
-} // namespace
-
-TEST_P(ViewFormKeySequences, FireOncePerHold)
-{
-    using C = ViewFormKeyTable::Command;
-    static const std::map<std::string, int> keys {
-        { "Esc", Qt::Key_Escape },   { "F1", Qt::Key_F1 }, { "F4", Qt::Key_F4 },
-        { "F9", Qt::Key_F9 },        { "Q", Qt::Key_Q },   { "X", Qt::Key_X },
-        { "A", Qt::Key_A },          { "M", Qt::Key_M },   { "Ret", Qt::Key_Return },
-        { "Ctrl", Qt::Key_Control },
-    };
-    static const std::map<std::string, C> commands {
-        { "Press", C::PressCancel }, { "Ok", C::Ok },
-        { "Quit", C::Quit },         { "Blink", C::Attention },
-        { "Next", C::NextControl },  { "Reset", C::ResetPictures },
-        { "Clear", C::ClearHover },  { "Cancel", C::Cancel },
-        { "About", C::About },
-    };
-    ViewFormKeyTable table;
-    std::istringstream steps(GetParam().steps);
-    for (std::string step; steps >> step;) {
-        const auto eq = step.find('=');
-        const std::string head = step.substr(0, eq);
-        const auto plus = head.find('+');
-        const std::string key = head.substr(1, plus == std::string::npos ? plus : plus - 1);
-        const Qt::KeyboardModifiers mods = plus == std::string::npos ? Qt::NoModifier
-            : head[plus + 1] == 'c'                                  ? Qt::ControlModifier
-                                                                     : Qt::AltModifier;
-        C got = C::None;
-        if (step[0] == 'T')
-            table.keyUpTimedOut();
-        else
-            got = step[0] == 'v' ? table.keyDown(keys.at(key), mods)
-                                 : table.keyUp(keys.at(key), step[0] == 'h');
-        EXPECT_EQ(int(got),
-                  int(eq == std::string::npos ? C::None : commands.at(step.substr(eq + 1))))
-            << step;
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rows, ViewFormKeySequences,
-    ::testing::Values(
-        KeyRow { "HeldEscCancelsOnRelease", "vEsc=Press hEsc vEsc hEsc vEsc ^Esc=Cancel ^Esc" },
-        KeyRow { "CtrlOrAltWithEnterOrF4Save", "vRet+c=Ok ^Ret=Reset vF4+a=Ok ^F4=Reset" },
-        KeyRow { "CommandKeysDoNotRepeat", "vRet+a=Ok hRet vRet+a vF4+c ^Ret=Reset" },
-        KeyRow { "EnterAloneMovesOnEveryTime", "vRet=Next vRet=Next ^Ret vRet=Next" },
-        KeyRow { "AltQAndAltXQuitCtrlQDoesNot", "vQ+a=Quit ^Q=Reset vX+a=Quit ^X=Reset vQ+c" },
-        KeyRow { "CtrlOrAltWithAOrMBlink", "vA+c=Blink ^A=Reset vM+a=Blink ^M vM+a=Blink" },
-        KeyRow { "F1OnItsRealRelease", "vF1 hF1 vF1 hF1 ^F1=About ^F1" },
-        KeyRow { "StrayReleasesDoNothing", "^F1 ^Esc ^Ret ^Ctrl" },
-        KeyRow { "F4WhileEscArmedClearsHover", "vEsc=Press vF4 ^F4=Clear ^Esc=Cancel" },
-        KeyRow { "TimeOutFreesTheHold", "vF9 T vRet+c=Ok" }),
-    ByName());
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Rows, CancelRestores, ::testing::Values(
+    RestoreRow { "RandomScheme", true, "Random", "White", "Pink", "White" },
+    // Another copy saved a plain choice meanwhile: the file wins.
+    RestoreRow { "ChangedFileWins", true, "Pink", "White", "Pink", "Pink" },
+    RestoreRow { "NothingSavedYet", true, "Random", "", "Pink", "Pink" },
+    RestoreRow { "RandomPicture", false, "Random", "Stars", "Waves", "Stars" },
+    RestoreRow { "NoneIsNoDraw", false, "Random", "None", "Waves", "Waves" }),
+    [](const auto &row) { return std::string(row.param.name); });
+// clang-format on
 
 // Beside the Main window: on its right, else on its left, else centred; kept on the screen.
 TEST(ViewFormPlacement, OpensBesideTheMainWindowOnScreen)
 {
-    const QRect screen(0, 0, 1280, 800);
-    const QSize size(320, 306);
-    EXPECT_EQ(ViewFormLayout::besideTopLeft({ 100, 100, 400, 273 }, size, screen),
-              QPoint(512, 100));
-    EXPECT_EQ(ViewFormLayout::besideTopLeft({ 860, 100, 400, 273 }, size, screen),
-              QPoint(528, 100));
-    EXPECT_EQ(ViewFormLayout::besideTopLeft({ 10, 100, 1260, 273 }, size, screen),
-              QPoint(480, 247));
-    EXPECT_EQ(ViewFormLayout::besideTopLeft({ 100, 700, 400, 273 }, size, screen),
-              QPoint(512, 494));
+    const auto beside = [](QRect main) {
+        return ViewFormLayout::besideTopLeft(main, { 320, 306 }, { 0, 0, 1280, 800 });
+    };
+    EXPECT_EQ(beside({ 100, 100, 400, 273 }), QPoint(512, 100));
+    EXPECT_EQ(beside({ 860, 100, 400, 273 }), QPoint(528, 100));
+    EXPECT_EQ(beside({ 10, 100, 1260, 273 }), QPoint(480, 247));
+    EXPECT_EQ(beside({ 100, 700, 400, 273 }), QPoint(512, 494));
 }

@@ -6,45 +6,29 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <optional>
 #include <vector>
 
 namespace {
 
-// A timer on a millisecond clock that the test moves on; due timers fire in time order.
+// A timer on the test's millisecond clock.
 struct FakeTimer : TipTimer
 {
-    explicit FakeTimer(std::vector<FakeTimer *> &timers)
-        : all(timers)
-    {
-        all.push_back(this);
-    }
-    ~FakeTimer() override { std::erase(all, this); }
-    void setInterval(int ms) override { interval_ = ms; }
-    int interval() const override { return interval_; }
-    void start() override { active = true, due = *now + interval_; }
+    explicit FakeTimer(const long &clock)
+        : now(clock)
+    { }
+    void setInterval(int ms) override { every = ms; }
+    int interval() const override { return every; }
+    void start() override { active = true, due = now + every; }
     void stop() override { active = false; }
     bool isActive() const override { return active; }
     void onTimeout(std::function<void()> t) override { tick = std::move(t); }
 
-    std::vector<FakeTimer *> &all;
-    inline static const long *now = nullptr;
-    int interval_ = 0;
+    const long &now;
+    int every = 0;
     bool active = false;
     long due = 0;
     std::function<void()> tick;
-};
-
-struct Tip
-{
-    Tip(ToolTipState &state, std::vector<FakeTimer *> &all)
-        : actuation(all)
-        , close(all)
-        , checkArea(all)
-        , timers(state, actuation, close, checkArea)
-    { }
-    FakeTimer actuation, close, checkArea;
-    ToolTipTimers timers;
 };
 
 struct Move
@@ -59,7 +43,7 @@ struct TimelineRow
     const char *name;
     std::vector<Move> moves;
     long until;
-    const char *expected; // the loads, shows and unloads, at their milliseconds
+    const char *expected; // at its millisecond: +T a tooltip for T loaded, T shown, -T unloaded
 };
 
 // One window asking for tooltips every 200 ms, and the tooltip windows it loads.
@@ -68,22 +52,20 @@ class Timeline : public ::testing::TestWithParam<TimelineRow>
 protected:
     void SetUp() override
     {
-        FakeTimer::now = &m_now;
+        // One tooltip window at a time: each load makes its timers anew on the same three.
         m_state.loadTip = [this] {
-            m_tip = std::make_unique<Tip>(m_state, m_timers);
-            m_tip->timers.show = [this] { log("show"); };
-            m_tip->timers.unload = [this] { m_state.closeTip(); };
-            m_tip->timers.pointerTest = [this] { return !m_over; };
-            m_tip->timers.load();
-            log("load");
+            m_tip.emplace(m_state, m_actuation, m_close, m_checkArea);
+            m_tip->show = [this] { log(""); };
+            m_tip->unload = [this] { m_state.closeTip(); };
+            m_tip->pointerTest = [this] { return !m_over; };
+            m_tip->load();
+            log("+");
         };
         m_state.closeTip = [this] { // as the window does: its timers stop, it goes later
-            if (!m_tip)
-                return;
-            log("unload");
-            for (FakeTimer *t : { &m_tip->actuation, &m_tip->close, &m_tip->checkArea })
+            if (m_actuation.active || m_close.active || m_checkArea.active)
+                log("-");
+            for (FakeTimer *t : { &m_actuation, &m_close, &m_checkArea })
                 t->stop();
-            m_gone.push_back(std::move(m_tip));
         };
         m_request.setInterval(TipRequester::RequestMs);
         m_request.onTimeout([this] {
@@ -97,18 +79,18 @@ protected:
         m_request.start();
     }
 
+    // Fires the due timers in time order.
     void runUntil(long until)
     {
         for (;;) {
             FakeTimer *next = nullptr;
-            for (FakeTimer *t : m_timers) {
+            for (FakeTimer *t : { &m_request, &m_actuation, &m_close, &m_checkArea })
                 if (t->active && t->due <= until && (!next || t->due < next->due))
                     next = t;
-            }
             if (!next)
                 break;
             m_now = next->due;
-            next->due += next->interval_;
+            next->due += next->every;
             next->tick();
         }
         m_now = until;
@@ -116,19 +98,15 @@ protected:
 
     void log(const char *what)
     {
-        m_log << QStringLiteral("%1 %2 %3")
-                     .arg(m_now)
-                     .arg(QLatin1StringView(what), m_state.LastTipText);
+        m_log << QString::number(m_now) + QLatin1StringView(what) + m_state.LastTipText;
     }
 
     long m_now = 0;
     Settings m_settings;
     ToolTipState m_state { m_settings };
-    std::vector<FakeTimer *> m_timers;
-    FakeTimer m_request { m_timers };
+    FakeTimer m_request { m_now }, m_actuation { m_now }, m_close { m_now }, m_checkArea { m_now };
     TipRequester m_requester { m_state };
-    std::unique_ptr<Tip> m_tip;
-    std::vector<std::unique_ptr<Tip>> m_gone;
+    std::optional<ToolTipTimers> m_tip;
     QStringList m_log;
     int m_x = 50;
     bool m_over = true;
@@ -144,39 +122,24 @@ TEST_P(Timeline, ShowsAndClosesOnTime)
             m_request.start(); // the pointer coming over the window starts the requests
     }
     runUntil(GetParam().until);
-    EXPECT_EQ(m_log.join(u", ").toStdString(), GetParam().expected);
+    EXPECT_EQ(m_log.join(u' ').toStdString(), GetParam().expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Tooltips, Timeline,
-    ::testing::Values(
-        // Shown 1 s after the request, closed on the ninth tick of its count-down, not again.
-        TimelineRow { "RestOnOneControl", {}, 30000, "200 load A, 1200 show A, 10200 unload A" },
-        TimelineRow { "SameTextOnTheNextControlShowsNothing",
-                      { { 3100, 250 } },
-                      30000,
-                      "200 load A, 1200 show A, 10200 unload A" },
-        // The count-down had begun: the next tooltip follows after 20 ms.
-        TimelineRow { "StraightToTheNextControl",
-                      { { 3100, 150 } },
-                      13000,
-                      "200 load A, 1200 show A, 3200 unload A, 3200 load B, 3220 show B, "
-                      "12220 unload B" },
-        TimelineRow { "RestJustUnderFiveSeconds",
-                      { { 5300, 150 } },
-                      6000,
-                      "200 load A, 1200 show A, 5400 unload A, 5400 load B, 5420 show B" },
-        // 26 ticks at rest (5.2 s) and the next tooltip waits the full second again.
-        TimelineRow { "RestFiveSecondsAndMore",
-                      { { 5500, 150 } },
-                      7000,
-                      "200 load A, 1200 show A, 5600 unload A, 5600 load B, 6600 show B" },
-        // The pointer test closes the tooltip within 107 ms; the window stops asking and forgets
-        // the text, so coming back shows it again.
-        TimelineRow { "LeavingTheWindowAndComingBack",
-                      { { 3100, 50, false }, { 4000, 50 } },
-                      5500,
-                      "200 load A, 1200 show A, 3196 unload A, 4200 load A, 5200 show A" }),
+// Shown 1 s after the request and closed on the ninth tick of its count-down; the same text is
+// not shown again. Once the count-down has begun the next tooltip follows after 20 ms, unless
+// the pointer rested 26 ticks (5.2 s). The pointer test closes a tooltip within 107 ms of the
+// pointer leaving; the window then stops asking and forgets the text, so it shows again.
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Tooltips, Timeline, ::testing::Values(
+    TimelineRow { "RestOnOneControl", {}, 30000, "200+A 1200A 10200-A" },
+    TimelineRow { "SameTextOnTheNextControl", { { 3100, 250 } }, 30000, "200+A 1200A 10200-A" },
+    TimelineRow { "StraightToTheNextControl", { { 3100, 150 } }, 13000,
+                  "200+A 1200A 3200-A 3200+B 3220B 12220-B" },
+    TimelineRow { "Rest25Ticks", { { 5300, 150 } }, 6000, "200+A 1200A 5400-A 5400+B 5420B" },
+    TimelineRow { "Rest26Ticks", { { 5500, 150 } }, 7000, "200+A 1200A 5600-A 5600+B 6600B" },
+    TimelineRow { "LeaveAndComeBack", { { 3100, 50, false }, { 4000, 50 } }, 5500,
+                  "200+A 1200A 3196-A 4200+A 5200A" }),
     [](const auto &row) { return std::string(row.param.name); });
+// clang-format on
 
 } // namespace

@@ -8,10 +8,12 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
+#include <QtTest/qtestspontaneevent.h>
 
 #include <gtest/gtest.h>
 
@@ -78,12 +80,15 @@ protected:
         return child<QComboBox>(QStringLiteral("ListYear"))->currentText().toInt();
     }
     void click(QWidget *w) { QTest::mouseClick(w, Qt::LeftButton); }
-    // Key events as a keyboard sends them, to whatever has the focus.
-    void sendKey(QEvent::Type type, Qt::Key k, Qt::KeyboardModifiers modifiers = {})
+    // Key events as a keyboard sends them, to whatever has the focus; `repeat` marks the
+    // release/press pairs X sends for a held key.
+    void sendKey(QEvent::Type type, Qt::Key k, Qt::KeyboardModifiers modifiers = {},
+                 bool repeat = false)
     {
+        QKeyEvent event(type, k, modifiers, QString(), repeat);
+        QSpontaneKeyEvent::setSpontaneous(&event);
         QWidget *target = QApplication::focusWidget();
-        QTest::sendKeyEvent(type == QEvent::KeyPress ? QTest::Press : QTest::Release,
-                            target ? target : form.data(), k, QString(), modifiers);
+        QApplication::sendEvent(target ? target : form.data(), &event);
     }
     void tap(Qt::Key k, Qt::KeyboardModifiers modifiers = {})
     {

@@ -59,11 +59,11 @@ TEST_P(SettingsTip, RestingOnSettingsAsksForItsTextWithTheF9Key)
     EXPECT_FALSE(form->TimerToolTip->isActive());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Languages, SettingsTip,
-    ::testing::Values(LanguageRow { "English", "Open the Settings window  ", "Select a day" },
-                      LanguageRow { "Russian", "Открыть окно настроек программы  ",
-                                    "Выбор дня месяца" }));
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Languages, SettingsTip, ::testing::Values(
+    LanguageRow { "English", "Open the Settings window  ", "Select a day" },
+    LanguageRow { "Russian", "Открыть окно настроек программы  ", "Выбор дня месяца" }));
+// clang-format on
 
 TEST_F(ToolTipTest, CloseThenOkShowsNoNewTooltip)
 {
@@ -99,19 +99,14 @@ TEST_P(Hiding, TakesTheTooltipAway)
     EXPECT_FALSE(program->IsFormLoaded(QStringLiteral("TOOLTIPFORM"), false));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    KeyDragMinimise, Hiding,
-    ::testing::Values(
-        HideRow { "KeyDown", [](CalendarMonthExtForm &f) { QTest::keyPress(&f, Qt::Key_Right); } },
-        HideRow { "MoveOverTheDragArea",
-                  [](CalendarMonthExtForm &f) {
-                      QMouseEvent move(QEvent::MouseMove, QPointF(5, 5),
-                                       QPointF(f.FrameMove->mapToGlobal(QPoint(5, 5))),
-                                       Qt::NoButton, Qt::NoButton, Qt::NoModifier);
-                      QApplication::sendEvent(f.FrameMove, &move);
-                  } },
-        HideRow { "KnMin", [](CalendarMonthExtForm &f) { f.KnMin->click(); } }),
+// A key press, a move over the drag area, the minimise control.
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(KeyDragMinimise, Hiding, ::testing::Values(
+    HideRow { "KeyDown", [](CalendarMonthExtForm &f) { QTest::keyPress(&f, Qt::Key_Right); } },
+    HideRow { "MoveOverTheDragArea", [](CalendarMonthExtForm &f) { QTest::mouseMove(f.FrameMove, { 5, 5 }); } },
+    HideRow { "KnMin", [](CalendarMonthExtForm &f) { f.KnMin->click(); } }),
     [](const auto &row) { return std::string(row.param.name); });
+// clang-format on
 
 class ShownTip : public ToolTipTest, public ::testing::WithParamInterface<const char *>
 { };
