@@ -1,4 +1,3 @@
-#include "appearance/SchemePalette.h"
 #include "support/FixedTipCanvas.h"
 #include "support/QtPrinters.h"
 #include "tooltip/TipMarkup.h"
@@ -6,9 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <limits>
-#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -143,19 +140,5 @@ INSTANTIATE_TEST_SUITE_P(EdgesAndCorners, PlacementTable, ::testing::Values(
     PlaceRow { "BottomLeftCorner", { 0, 11999 }, false, { 15, 11249 } }),
     [](const auto &row) { return std::string(row.param.name); });
 // clang-format on
-
-// The tooltip colours of each scheme: back and frame as designed, black text everywhere.
-TEST(TipColours, EverySchemeAsDesigned)
-{
-    const std::map<QString, std::array<std::uint32_t, 3>> expected {
-        { u"Blue"_s, { 0xC6FFC6, 255, 0 } },          { u"Green"_s, { 0xC6FFFF, 255, 0 } },
-        { u"Black"_s, { 0xC6FFFF, 255, 0 } },         { u"White"_s, { 0xEAFFFF, 255, 0 } },
-        { u"Yellow"_s, { 0xFFFFFF, 255, 0 } },        { u"Pink"_s, { 0xC6FFFF, 255, 0 } },
-        { u"GrayScale"_s, { 0xFFFFFF, 5789784, 0 } },
-    };
-    ASSERT_EQ(SchemePalettes::end() - SchemePalettes::begin(), 7);
-    for (const SchemePalette *p = SchemePalettes::begin(); p != SchemePalettes::end(); ++p)
-        EXPECT_EQ((std::array { p->tipBack, p->tipBorder, p->tipText }), expected.at(p->name));
-}
 
 } // namespace

@@ -164,17 +164,27 @@ struct NoRename : FileOps
 
 } // namespace
 
-// Every way to Ok writes the whole record; only the Cancel pictures and Esc read the file back.
-// A failed save leaves the old file whole, and the window closes all the same. Esc cancels on
-// its release, not on the release halves of X's repeats.
+// Every way to Ok writes the whole record; only the Cancel pictures and Esc read the file back
+// and repaint the Main window (a border change shows on it as the scroll bar moves). A failed
+// save leaves the old file whole, and the window closes all the same. Esc cancels on its
+// release, not on the release halves of X's repeats.
 TEST_P(Endings, SaveOrDiscardAndGiveTheMainWindowBack)
 {
     const EndRow &row = GetParam();
     NoRename failing;
     if (row.failingSave)
         file->context().fileOps = &failing;
+    const auto framed = [this] { // the frame colour two pixels deep: a border of 3
+        return form->grab().toImage().pixelColor(2, 150)
+            == colorFromBgr(SchemePalettes::forScheme(u"Blue"_s).frame);
+    };
+    ASSERT_FALSE(framed());
     choose(List::FirstDay, 1);
+    QScrollBar *bar = view->HScrollBordWidthGen;
+    QTest::mouseClick(bar, Qt::LeftButton, {}, QPoint(bar->width() - 4, bar->height() / 2));
     EXPECT_EQ(form->LabelWeekDay[1]->text(), u"Mon"_s);
+    EXPECT_TRUE(framed());
+    EXPECT_EQ(static_cast<WindowBody *>(view->FrameMove)->borderWidth(), 3);
     if (row.clicked) {
         QTest::mouseClick(view->findChild<QWidget *>(QString::fromLatin1(row.clicked)),
                           Qt::LeftButton);
@@ -191,6 +201,7 @@ TEST_P(Endings, SaveOrDiscardAndGiveTheMainWindowBack)
     ASSERT_TRUE(viewClosed());
     EXPECT_EQ(bytes(), row.kept && !row.failingSave ? file->fileContents() : saved);
     EXPECT_EQ(form->LabelWeekDay[1]->text(), row.kept ? u"Mon"_s : u"Sun"_s);
+    EXPECT_EQ(framed(), row.kept);
     EXPECT_TRUE(form->isEnabled());
     EXPECT_FALSE(program->IsFormLoaded(u"ViewForm"_s, false));
 }
@@ -235,25 +246,6 @@ TEST_F(SettingsWindow, CancelBringsBackTheDrawsOfTheLastSave)
     EXPECT_EQ(s.ColorScheme, u"Random"_s);
     EXPECT_EQ(std::pair(s.CurrentColorScheme, s.CurrentPicture), std::pair(scheme, picture));
     EXPECT_GT(draws, 2) << "the file was not read back";
-}
-
-// The border shows on the Main window as the scroll bar moves, and Cancel takes it back.
-TEST_F(SettingsWindow, BorderChangeThenCancelRepaintsTheMainWindow)
-{
-    const auto frameAt = [this](int x) {
-        return form->grab().toImage().pixelColor(x, 150)
-            == colorFromBgr(SchemePalettes::forScheme(u"Blue"_s).frame);
-    };
-    ASSERT_FALSE(frameAt(2));
-    QScrollBar *bar = view->HScrollBordWidthGen;
-    QTest::mouseClick(bar, Qt::LeftButton, {}, QPoint(bar->width() - 4, bar->height() / 2));
-    EXPECT_EQ(bar->value(), 3);
-    EXPECT_TRUE(frameAt(2));
-    EXPECT_EQ(static_cast<WindowBody *>(view->FrameMove)->borderWidth(), 3);
-    QTest::mouseClick(view->KnCancelBlackEng, Qt::LeftButton);
-    ASSERT_TRUE(viewClosed());
-    EXPECT_FALSE(frameAt(2));
-    EXPECT_EQ(bytes(), saved);
 }
 
 // One Settings window at most, in the language chosen in it, polling the pointer every 97 ms.
