@@ -43,10 +43,9 @@ TEST_P(RandomDraw, AConcreteChoiceIsItself)
         EXPECT_EQ(GetParam().resolve(name, random), name);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Kinds, RandomDraw,
-    ::testing::Values(DrawRow { "Schemes", &AppearanceNames::concreteColorSchemes,
-                                &AppearanceNames::resolveColorScheme },
-                      DrawRow { "Pictures", &AppearanceNames::concretePictures,
-                                &AppearanceNames::resolvePicture }),
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Kinds, RandomDraw, ::testing::Values(
+    DrawRow { "Schemes", &AppearanceNames::concreteColorSchemes, &AppearanceNames::resolveColorScheme },
+    DrawRow { "Pictures", &AppearanceNames::concretePictures, &AppearanceNames::resolvePicture }),
     [](const ::testing::TestParamInfo<DrawRow> &p) { return std::string(p.param.name); });
+// clang-format on

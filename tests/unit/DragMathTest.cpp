@@ -183,16 +183,15 @@ TEST_P(BesidePlacements, OpenBesideTheMainWindow)
     EXPECT_EQ(Placement::besideTopLeft(row.mainWindow, { 360, 273 }, row.screen, 8), row.expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, BesidePlacements,
-    ::testing::Values(
-        BesideRow { "RightWhenThereIsRoom", { 100, 100, 400, 273 }, Primary, { 508, 100 } },
-        BesideRow { "RightJustFits", { 512, 0, 400, 273 }, Primary, { 920, 0 } },
-        BesideRow { "LeftWhenTheRightIsOneShort", { 513, 0, 400, 273 }, Primary, { 145, 0 } },
-        BesideRow {
-            "OverItWhenNeitherSideHasRoom", { 150, 0, 400, 273 }, { 0, 0, 700, 500 }, { 170, 0 } },
-        BesideRow { "TopKeptOnTheScreen", { 100, 700, 400, 273 }, Primary, { 508, 527 } }),
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Rows, BesidePlacements, ::testing::Values(
+    BesideRow { "RightWhenThereIsRoom", { 100, 100, 400, 273 }, Primary, { 508, 100 } },
+    BesideRow { "RightJustFits", { 512, 0, 400, 273 }, Primary, { 920, 0 } },
+    BesideRow { "LeftWhenTheRightIsOneShort", { 513, 0, 400, 273 }, Primary, { 145, 0 } },
+    BesideRow { "OverItWhenNeitherSideHasRoom", { 150, 0, 400, 273 }, { 0, 0, 700, 500 }, { 170, 0 } },
+    BesideRow { "TopKeptOnTheScreen", { 100, 700, 400, 273 }, Primary, { 508, 527 } }),
     [](const auto &row) { return std::string(row.param.name); });
+// clang-format on
 
 struct ModeRow
 {

@@ -70,33 +70,27 @@ TEST_P(SettingsFolderTable, ChoosesAndCreatesTheFolder)
     ::chmod(QFile::encodeName(program).constData(), 0755); // so that the scratch folder goes
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Environments, SettingsFolderTable,
-    ::testing::Values(
-        FolderRow { "Xdg", "xdg", "xdg", "XDG_CONFIG_HOME={root}/xdg" },
-        FolderRow { "XdgUnset", "h", "h/.config", "HOME={root}/h", "h/.config" },
-        FolderRow { "XdgRelativeIgnored", "h xdg", "h/.config",
-                    "XDG_CONFIG_HOME=xdg HOME={root}/h" },
-        FolderRow { "HomeRelativeTakesTheAccountsHome", "home", "home/.config",
-                    "HOME=h ~={root}/home" },
-        FolderRow { "NoHomeAtAll", "", "-", "HOME=h" },
-        FolderRow { "MissingParentsMadePrivate", "", "a/b", "XDG_CONFIG_HOME={root}/a/b", "a a/b" },
-        FolderRow { "ConfigIsAFile", "h file:h/.config", "-" },
-        FolderRow { "SettingsFolderIsAFile", "h/.config file:h/.config/QLVCalendarLite", "-" },
-        FolderRow { "FileBesideTheProgramWins", "h file:program/qlvcal.ini", "-" },
-        FolderRow { "FolderBesideTheProgramDoesNot", "h program/qlvcal.ini", "h/.config" },
-        FolderRow { "UnprivilegedConfigUnwritable", "ro:h/.config", "-" },
-        // An installed program is not a portable install, whoever runs it.
-        FolderRow { "SystemFolderIgnoresAFileBesideIt", "h file:sys/bin/qlvcal.ini", "h/.config",
-                    "HOME={root}/h", "", "sys/bin" },
-        FolderRow { "SystemFolderIsNoFallback", "", "nowhere", "HOME=h", "", "sys/bin" },
-        FolderRow { "SystemFolderNeighbourIsPortable", "h file:system/qlvcal.ini", "-",
-                    "HOME={root}/h", "", "system" },
-        FolderRow { "UnprivilegedUnwritableProgramFolderIgnored", "h file:p/qlvcal.ini ro:p",
-                    "h/.config", "HOME={root}/h", "", "p" },
-        FolderRow { "UnprivilegedUnwritableProgramFolderIsNoFallback", "ro:p", "nowhere", "HOME=h",
-                    "", "p" }),
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Environments, SettingsFolderTable, ::testing::Values(
+    FolderRow { "Xdg", "xdg", "xdg", "XDG_CONFIG_HOME={root}/xdg" },
+    FolderRow { "XdgUnset", "h", "h/.config", "HOME={root}/h", "h/.config" },
+    FolderRow { "XdgRelativeIgnored", "h xdg", "h/.config", "XDG_CONFIG_HOME=xdg HOME={root}/h" },
+    FolderRow { "HomeRelativeTakesTheAccountsHome", "home", "home/.config", "HOME=h ~={root}/home" },
+    FolderRow { "NoHomeAtAll", "", "-", "HOME=h" },
+    FolderRow { "MissingParentsMadePrivate", "", "a/b", "XDG_CONFIG_HOME={root}/a/b", "a a/b" },
+    FolderRow { "ConfigIsAFile", "h file:h/.config", "-" },
+    FolderRow { "SettingsFolderIsAFile", "h/.config file:h/.config/QLVCalendarLite", "-" },
+    FolderRow { "FileBesideTheProgramWins", "h file:program/qlvcal.ini", "-" },
+    FolderRow { "FolderBesideTheProgramDoesNot", "h program/qlvcal.ini", "h/.config" },
+    FolderRow { "UnprivilegedConfigUnwritable", "ro:h/.config", "-" },
+    // An installed program is not a portable install, whoever runs it.
+    FolderRow { "SystemFolderIgnoresAFileBesideIt", "h file:sys/bin/qlvcal.ini", "h/.config", "HOME={root}/h", "", "sys/bin" },
+    FolderRow { "SystemFolderIsNoFallback", "", "nowhere", "HOME=h", "", "sys/bin" },
+    FolderRow { "SystemFolderNeighbourIsPortable", "h file:system/qlvcal.ini", "-", "HOME={root}/h", "", "system" },
+    FolderRow { "UnprivilegedUnwritableProgramFolderIgnored", "h file:p/qlvcal.ini ro:p", "h/.config", "HOME={root}/h", "", "p" },
+    FolderRow { "UnprivilegedUnwritableProgramFolderIsNoFallback", "ro:p", "nowhere", "HOME=h", "", "p" }),
     rowName);
+// clang-format on
 
 // The folders that packages install into are never portable, even for root who may write there.
 TEST(PortableProgramFolder, NeverInASystemFolder)

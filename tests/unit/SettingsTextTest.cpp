@@ -91,20 +91,15 @@ TEST_P(LineReaderTable, SplitsAtEveryKindOfLineEnd)
     EXPECT_EQ(linesOf(row.content, true), nonEmpty);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Contents, LineReaderTable,
-    ::testing::Values(
-        LinesRow { "Mixed", "a\r\n\nb\r\rc\n\rd", { "a", "", "b", "", "c", "", "d" } },
-        LinesRow { "CrLfSplitAcrossChunks", X + "\r\nb", { X, "b" } },
-        LinesRow { "CrEndsTheChunkAndTheFile", X + "\r", { X } },
-        LinesRow { "LineStraddlingChunks", "a\n" + Y + "\nz", { "a", Y.left(Piece), "z" } },
-        LinesRow { "LongLineKeepsItsHead",
-                   "head" + Y + "\r\nnext",
-                   { "head" + Y.left(Piece - 4), "next" } },
-        LinesRow { "LongLineEndingInCrAtChunkEnd",
-                   Y.left(2 * Chunk - 1) + "\r\nnext",
-                   { Y.left(Piece), "next" } },
-        LinesRow { "RunsOfLineEndsAcrossChunks", "\r\n\ra\r\n\n" + QByteArray(Chunk, '\n') + "b\r",
-                   QList<QByteArray> { "", "", "a" } + QList<QByteArray>(Chunk + 1)
-                       + QList<QByteArray> { "b" } }),
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Contents, LineReaderTable, ::testing::Values(
+    LinesRow { "Mixed", "a\r\n\nb\r\rc\n\rd", { "a", "", "b", "", "c", "", "d" } },
+    LinesRow { "CrLfSplitAcrossChunks", X + "\r\nb", { X, "b" } },
+    LinesRow { "CrEndsTheChunkAndTheFile", X + "\r", { X } },
+    LinesRow { "LineStraddlingChunks", "a\n" + Y + "\nz", { "a", Y.left(Piece), "z" } },
+    LinesRow { "LongLineKeepsItsHead", "head" + Y + "\r\nnext", { "head" + Y.left(Piece - 4), "next" } },
+    LinesRow { "LongLineEndingInCrAtChunkEnd", Y.left(2 * Chunk - 1) + "\r\nnext", { Y.left(Piece), "next" } },
+    LinesRow { "RunsOfLineEndsAcrossChunks", "\r\n\ra\r\n\n" + QByteArray(Chunk, '\n') + "b\r",
+               QList<QByteArray> { "", "", "a" } + QList<QByteArray>(Chunk + 1) + QList<QByteArray> { "b" } }),
     rowName);
+// clang-format on

@@ -149,19 +149,17 @@ TEST_P(UpdateKeysTable, RewritesOnlyTheKeyLines)
               row.before.isNull() ? QStringList() : OnlyTheSettingsFile);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Files, UpdateKeysTable,
-    ::testing::Values(
-        KeyUpdateRow {
-            "OthersKeptKeysAnywhereInAnyCase",
-            "Language=Russian\r\nx calendarleft=7 y\r\nColorScheme=Pink\r\nCALENDARTOP=\r\n",
-            "Language=Russian\r\nCalendarLeft=-30\r\nColorScheme=Pink\r\nCalendarTop=4500\r\n" },
-        KeyUpdateRow { "LineEndsBecomeCrLf", "a\nCalendarTop=1\rb",
-                       "a\r\nCalendarTop=4500\r\nb\r\n" },
-        KeyUpdateRow { "LongLineCopiedWhole", QByteArray(100000, 'z') + "\r\nCalendarTop=1",
-                       QByteArray(100000, 'z') + "\r\nCalendarTop=4500\r\n" },
-        KeyUpdateRow { "MissingFileNotCreated", QByteArray(), QByteArray() },
-        KeyUpdateRow { "InTime", FiveLines, "a\r\nb\r\nCalendarTop=4500\r\nc\r\nd\r\n", 1000 },
-        // 2 s a line: the 5 s deadline passes after the third of five lines.
-        KeyUpdateRow { "DeadlineLeavesTheOldFile", FiveLines, FiveLines, 2000 }),
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Files, UpdateKeysTable, ::testing::Values(
+    KeyUpdateRow { "OthersKeptKeysAnywhereInAnyCase",
+                   "Language=Russian\r\nx calendarleft=7 y\r\nColorScheme=Pink\r\nCALENDARTOP=\r\n",
+                   "Language=Russian\r\nCalendarLeft=-30\r\nColorScheme=Pink\r\nCalendarTop=4500\r\n" },
+    KeyUpdateRow { "LineEndsBecomeCrLf", "a\nCalendarTop=1\rb", "a\r\nCalendarTop=4500\r\nb\r\n" },
+    KeyUpdateRow { "LongLineCopiedWhole", QByteArray(100000, 'z') + "\r\nCalendarTop=1",
+                   QByteArray(100000, 'z') + "\r\nCalendarTop=4500\r\n" },
+    KeyUpdateRow { "MissingFileNotCreated", QByteArray(), QByteArray() },
+    KeyUpdateRow { "InTime", FiveLines, "a\r\nb\r\nCalendarTop=4500\r\nc\r\nd\r\n", 1000 },
+    // 2 s a line: the 5 s deadline passes after the third of five lines.
+    KeyUpdateRow { "DeadlineLeavesTheOldFile", FiveLines, FiveLines, 2000 }),
     rowName);
+// clang-format on

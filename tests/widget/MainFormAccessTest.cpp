@@ -49,11 +49,10 @@ TEST_P(ScreenReader, NamesEveryControlInTheWindowsLanguage)
                   + label("LabelActDate2Val")->text());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Languages, ScreenReader,
-    ::testing::Values(AccessRow { "English", "Go to the previous month", "Month", "Select a month",
-                                  "Monday, February 23, 2026" },
-                      AccessRow { "Russian", "Переход к предыдущему месяцу", "Месяц",
-                                  "Выбор месяца", "понедельник, 23 февраля 2026 г." }));
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Languages, ScreenReader, ::testing::Values(
+    AccessRow { "English", "Go to the previous month", "Month", "Select a month", "Monday, February 23, 2026" },
+    AccessRow { "Russian", "Переход к предыдущему месяцу", "Месяц", "Выбор месяца", "понедельник, 23 февраля 2026 г." }));
+// clang-format on
 
 } // namespace

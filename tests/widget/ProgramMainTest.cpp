@@ -111,18 +111,15 @@ TEST_P(MainWindowPlacement, TheFramelessMainWindowAtItsPlace)
     EXPECT_EQ(static_cast<QWidget *>(program->mainForm()), window);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Files, MainWindowPlacement,
-    ::testing::Values(
-        // The default position is the centre, computed in twips.
-        PlacementRow { "NoFileCentres", {}, Centred },
-        PlacementRow { "SavedPosition", "CalendarLeft=1500\r\nCalendarTop=3000\r\n", { 100, 200 } },
-        PlacementRow { "OffScreenPulledBack", "CalendarLeft=99999\r\nCalendarTop=99999\r\n",
-                       BottomRight },
-        PlacementRow { "CentreWins",
-                       "CalendarLeft=1500\r\nCalendarTop=3000\r\nCalendarAlignToCenter=yes",
-                       Centred }),
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Files, MainWindowPlacement, ::testing::Values(
+    // The default position is the centre, computed in twips.
+    PlacementRow { "NoFileCentres", {}, Centred },
+    PlacementRow { "SavedPosition", "CalendarLeft=1500\r\nCalendarTop=3000\r\n", { 100, 200 } },
+    PlacementRow { "OffScreenPulledBack", "CalendarLeft=99999\r\nCalendarTop=99999\r\n", BottomRight },
+    PlacementRow { "CentreWins", "CalendarLeft=1500\r\nCalendarTop=3000\r\nCalendarAlignToCenter=yes", Centred }),
     [](const auto &p) { return std::string(p.param.name); });
+// clang-format on
 
 namespace {
 
@@ -164,16 +161,15 @@ TEST_P(CloseSaves, ChoosesWhatToWrite)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Files, CloseSaves,
-    ::testing::Values(
-        SaveRow { "UnchangedWrittenWhole", {}, false, {} },
-        SaveRow {
-            "ChangedByOthersGetsOnlyThePosition",
-            "Language=Russian\r\nColorScheme=Green\r\nCalendarLeft=1\r\ncalendartop=2\r\n", false,
-            "Language=Russian\r\nColorScheme=Green\r\nCalendarLeft=450\r\nCalendarTop=675\r\n" },
-        SaveRow { "NothingWhileTheSettingsWindowIsOpen", {}, true, "old" }),
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Files, CloseSaves, ::testing::Values(
+    SaveRow { "UnchangedWrittenWhole", {}, false, {} },
+    SaveRow { "ChangedByOthersGetsOnlyThePosition",
+              "Language=Russian\r\nColorScheme=Green\r\nCalendarLeft=1\r\ncalendartop=2\r\n", false,
+              "Language=Russian\r\nColorScheme=Green\r\nCalendarLeft=450\r\nCalendarTop=675\r\n" },
+    SaveRow { "NothingWhileTheSettingsWindowIsOpen", {}, true, "old" }),
     [](const auto &p) { return std::string(p.param.name); });
+// clang-format on
 
 TEST_F(ProgramMain, UnloadsTheWindowsInOrder)
 {

@@ -5,10 +5,11 @@
 #include "windowing/WindowBehaviour.h"
 
 #include <QCursor>
-#include <QMouseEvent>
 #include <QTimer>
 
 #include <functional>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -16,6 +17,7 @@ class ToolTipTest : public MainFormTest
 {
 protected:
     ToolTips &tips() { return ToolTips::of(*program); }
+    bool tipLoaded() const { return program->IsFormLoaded(u"TOOLTIPFORM"_s, false); }
     // Puts the pointer on the middle of a control (or `offset` from it), then runs one request.
     void restOn(const char *control, QPoint offset = {})
     {
@@ -30,39 +32,53 @@ struct LanguageRow
 {
     const char *language;
     const char *sentence;
-    const char *day;
+    const char *shadowMode;
 };
 
 class SettingsTip : public ToolTipTest, public ::testing::WithParamInterface<LanguageRow>
 { };
 
-TEST_P(SettingsTip, RestingOnSettingsAsksForItsTextWithTheF9Key)
+} // namespace
+
+// The tip's text in the window's language with the hot key's mark-up, loaded and shown a second
+// later above everything without taking the focus; its shadow only when shadows are on. The
+// requests stop when the pointer leaves, and the tip goes with the window that asked for it.
+TEST_P(SettingsTip, RestingOnSettingsShowsItsTextWithTheF9Key)
 {
     const LanguageRow &row = GetParam();
     open(at(2026, 3, 12), QString::fromLatin1(row.language));
+    program->ShadowMode = QString::fromLatin1(row.shadowMode);
     restOn("LabelSettings");
     EXPECT_TRUE(form->TimerToolTip->isActive()); // the pointer came over the window
     EXPECT_EQ(tips().state().TipText,
               QString::fromUtf8(row.sentence)
-                  + QStringLiteral(
-                      "</f 9, , , , ,0>(<\\f></f 8,b, , , ,0>F9<\\f></f 9, , , , ,0>)<\\f>"));
-    const ToolTipForm *tip = tips().toolTip();
-    ASSERT_NE(tip, nullptr);
-    EXPECT_FALSE(tip->isVisible());
-    EXPECT_EQ(tip->TimerActuation->interval(), 1000);
-    EXPECT_TRUE(program->IsFormLoaded(QStringLiteral("TOOLTIPFORM"), false));
+                  + u"</f 9, , , , ,0>(<\\f></f 8,b, , , ,0>F9<\\f></f 9, , , , ,0>)<\\f>"_s);
     EXPECT_EQ(label("LabelSettings")->accessibleDescription(),
-              QString::fromUtf8(row.sentence) + QStringLiteral("(F9)"));
-    EXPECT_EQ(cell(17)->accessibleDescription(), QString::fromUtf8(row.day));
+              QString::fromUtf8(row.sentence) + u"(F9)"_s);
+    QPointer<ToolTipForm> tip = tips().toolTip();
+    ASSERT_FALSE(tip.isNull());
+    EXPECT_TRUE(tipLoaded() && !tip->isVisible());
+    EXPECT_EQ(tip->TimerActuation->interval(), 1000);
+    tip->TimerActuation->setInterval(0);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tip && tip->isVisible(); }));
+    EXPECT_TRUE(
+        tip->windowFlags().testFlags(Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus));
+    EXPECT_NE(QApplication::activeWindow(), tip.data());
+    EXPECT_TRUE(tip->TimerClose->isActive());
+    const Shadow *shadow = ShadowForm(tip);
+    ASSERT_EQ(shadow != nullptr, program->ShadowMode == u"Basic"_s);
+    EXPECT_TRUE(!shadow || (shadow->isVisible() && shadow->size() == tip->size()));
 
     restOn("KnOk", QPoint(0, 200)); // away from the window: the requests stop
     EXPECT_FALSE(form->TimerToolTip->isActive());
+    delete form.data();
+    EXPECT_FALSE(tipLoaded());
 }
 
 // clang-format off
 INSTANTIATE_TEST_SUITE_P(Languages, SettingsTip, ::testing::Values(
-    LanguageRow { "English", "Open the Settings window  ", "Select a day" },
-    LanguageRow { "Russian", "Открыть окно настроек программы  ", "Выбор дня месяца" }));
+    LanguageRow { "English", "Open the Settings window  ", "Basic" },
+    LanguageRow { "Russian", "Открыть окно настроек программы  ", "No" }));
 // clang-format on
 
 TEST_F(ToolTipTest, CloseThenOkShowsNoNewTooltip)
@@ -75,8 +91,10 @@ TEST_F(ToolTipTest, CloseThenOkShowsNoNewTooltip)
     EXPECT_EQ(tips().toolTip(), first.data());
     restOn("KnMin");
     EXPECT_NE(tips().toolTip(), first.data());
-    EXPECT_EQ(tips().state().TipText, QStringLiteral("Minimize"));
+    EXPECT_EQ(tips().state().TipText, u"Minimize"_s);
 }
+
+namespace {
 
 struct HideRow
 {
@@ -87,16 +105,18 @@ struct HideRow
 class Hiding : public ToolTipTest, public ::testing::WithParamInterface<HideRow>
 { };
 
+} // namespace
+
 TEST_P(Hiding, TakesTheTooltipAway)
 {
     open(at(2026, 3, 12));
     restOn("ButtNew");
     tips().state().TipClosed = false;
-    ASSERT_NE(tips().toolTip(), nullptr);
+    ASSERT_TRUE(tips().toolTip() && tipLoaded());
     GetParam().act(*form);
     EXPECT_EQ(tips().toolTip(), nullptr);
     EXPECT_TRUE(tips().state().TipClosed);
-    EXPECT_FALSE(program->IsFormLoaded(QStringLiteral("TOOLTIPFORM"), false));
+    EXPECT_FALSE(tipLoaded());
 }
 
 // A key press, a move over the drag area, the minimise control.
@@ -107,31 +127,3 @@ INSTANTIATE_TEST_SUITE_P(KeyDragMinimise, Hiding, ::testing::Values(
     HideRow { "KnMin", [](CalendarMonthExtForm &f) { f.KnMin->click(); } }),
     [](const auto &row) { return std::string(row.param.name); });
 // clang-format on
-
-class ShownTip : public ToolTipTest, public ::testing::WithParamInterface<const char *>
-{ };
-
-// Shown above everything without taking the focus; the shadow exists only when shadows are on.
-TEST_P(ShownTip, TopmostWithoutFocusAndShadowOnlyWhenOn)
-{
-    open(at(2026, 3, 12));
-    program->ShadowMode = QString::fromLatin1(GetParam());
-    restOn("ButtUndo");
-    QPointer<ToolTipForm> tip = tips().toolTip();
-    ASSERT_FALSE(tip.isNull());
-    tip->TimerActuation->setInterval(0);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return tip && tip->isVisible(); }));
-    EXPECT_TRUE(
-        tip->windowFlags().testFlags(Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus));
-    EXPECT_NE(QApplication::activeWindow(), tip.data());
-    EXPECT_TRUE(tip->TimerClose->isActive());
-    const Shadow *shadow = ShadowForm(tip);
-    ASSERT_EQ(shadow != nullptr, program->ShadowMode == QStringLiteral("Basic"));
-    EXPECT_TRUE(!shadow || (shadow->isVisible() && shadow->size() == tip->size()));
-    delete form.data(); // the tooltip goes with the window that asked for it
-    EXPECT_FALSE(program->IsFormLoaded(QStringLiteral("TOOLTIPFORM"), false));
-}
-
-INSTANTIATE_TEST_SUITE_P(ShadowModes, ShownTip, ::testing::Values("Basic", "No"));
-
-} // namespace
