@@ -49,7 +49,8 @@ TEST_P(SettingsTip, RestingOnSettingsShowsItsTextWithTheF9Key)
     open(at(2026, 3, 12), QString::fromLatin1(row.language));
     program->ShadowMode = QString::fromLatin1(row.shadowMode);
     restOn("LabelSettings");
-    EXPECT_TRUE(form->TimerToolTip->isActive()); // the pointer came over the window
+    // The pointer came over the window: the requests run every 200 ms.
+    EXPECT_TRUE(form->TimerToolTip->isActive() && form->TimerToolTip->interval() == 200);
     EXPECT_EQ(tips().state().TipText,
               QString::fromUtf8(row.sentence)
                   + u"</f 9, , , , ,0>(<\\f></f 8,b, , , ,0>F9<\\f></f 9, , , , ,0>)<\\f>"_s);
