@@ -156,7 +156,6 @@ INSTANTIATE_TEST_SUITE_P(Files, ReadSettingsTable, ::testing::Values(
     ReadRow { "LastValueWins", "Language=Russian\r\nLanguage=English\r\n", "" },
     ReadRow { "OtherLinesIgnored", "; a\r\n[Other]\r\nno equals\r\nUnknown=1\r\n", "" },
     ReadRow { "BinaryJunk", junkWithoutEquals(200000), "" },
-    ReadRow { "TenMegabyteLineThenAKey", QByteArray(10 << 20, 'x') + "\nLanguage=Russian", "Language=Russian" },
     // The clock is read at the start and before each line after the first: six lines are
     // read before 10 s steps reach 52 s, four before 13 s steps reach it exactly.
     ReadRow { "DeadlineTenSecondsALine", Border123.repeated(3), "CalendarBorderWidth=3", 10000 },

@@ -123,18 +123,6 @@ TEST_F(MainFormTest, WheelOverTheGridStepsTheMonth)
     EXPECT_EQ(shownMonth(), 4);
 }
 
-TEST_F(MainFormTest, SwitchingTheFirstWeekdayRedrawsTheGridAndTheLabels)
-{
-    open(at(2026, 3, 12));
-    program->settings().FirstWeekDay = QStringLiteral("Monday");
-    form->SettingLabelesAndButtons();
-    form->UpdateCalendarDate();
-    EXPECT_EQ(label("LabelWeekDay1")->text(), QStringLiteral("Mon"));
-    EXPECT_EQ(form->grid().cellOf(QDate(2026, 3, 1)), 7);
-    EXPECT_EQ(cell(7)->text(), QStringLiteral("1"));
-    EXPECT_EQ(shownMonth(), 3);
-}
-
 TEST_F(MainFormTest, MidnightRebuildsTheGridOnce)
 {
     open(at(2026, 3, 10, 23, 59, 59));
