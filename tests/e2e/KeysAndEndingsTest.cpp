@@ -38,8 +38,6 @@ struct EndRow
 class Endings : public Calendar, public ::testing::WithParamInterface<EndRow>
 { };
 
-} // namespace
-
 // Every way of ending a run saves where the window stood (also when it was minimised), in
 // twips, and the program prints nothing. A first run has written its file already at start.
 TEST_P(Endings, SaveThePositionAndPrintNothing)
@@ -80,8 +78,6 @@ INSTANTIATE_TEST_SUITE_P(
                       EndRow { "Sighup", "", nullptr, SIGHUP },
                       EndRow { "SigtermWhileMinimised", "openbox", nullptr, SIGTERM, true }),
     RowName());
-
-namespace {
 
 struct HeldRow
 {

@@ -29,8 +29,6 @@ protected:
     QRect calendar;
 };
 
-} // namespace
-
 // Under a window manager and a compositor the translucent shadow stays out of every window list,
 // and once the calendar is raised over a window that covered it, its shadow is back directly
 // beneath it (so above that window) within one upkeep interval.
@@ -65,8 +63,6 @@ TEST_P(Desktop, TopmostAtStartKeepsTheCalendarAbove)
 }
 
 INSTANTIATE_TEST_SUITE_P(WindowManagers, Desktop, ::testing::Values("openbox", "icewm", "fluxbox"));
-
-namespace {
 
 struct DragRow
 {

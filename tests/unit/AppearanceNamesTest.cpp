@@ -14,8 +14,7 @@ struct DrawRow
     QString (*resolve)(const QString &, QRandomGenerator &);
 };
 
-class RandomDraw : public ::testing::TestWithParam<DrawRow>
-{ };
+using RandomDraw = ::testing::TestWithParam<DrawRow>;
 
 } // namespace
 

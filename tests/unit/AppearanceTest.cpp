@@ -58,8 +58,6 @@ const auto rowName = [](const ::testing::TestParamInfo<QString> &row) {
     return row.param.toStdString();
 };
 
-} // namespace
-
 TEST(Contrast, MatchesTheGuidelinesFigures)
 {
     EXPECT_NEAR(Contrast::ratioOfBgr(0x777777, 0xFFFFFF), 4.48, 0.01);
@@ -89,8 +87,6 @@ TEST_P(Scheme, KeepsTheCellMeaningsApart)
 
 INSTANTIATE_TEST_SUITE_P(All, Scheme, ::testing::ValuesIn(AppearanceNames::concreteColorSchemes()),
                          rowName);
-
-namespace {
 
 // Every colour of a text that stands on the window's body, and every place where one stands:
 // the labels and controls and, in their cells, the day numbers.

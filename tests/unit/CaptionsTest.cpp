@@ -10,8 +10,7 @@ struct LanguageRow
     bool english;
 };
 
-class LanguageChoice : public ::testing::TestWithParam<LanguageRow>
-{ };
+using LanguageChoice = ::testing::TestWithParam<LanguageRow>;
 
 TEST_P(LanguageChoice, IsEnglishOnlyForTheExactWord)
 {
@@ -41,8 +40,7 @@ struct WeekRow
     std::vector<const char *> names;
 };
 
-class WeekdayLabels : public ::testing::TestWithParam<WeekRow>
-{ };
+using WeekdayLabels = ::testing::TestWithParam<WeekRow>;
 
 TEST_P(WeekdayLabels, StartOnTheChosenFirstDay)
 {

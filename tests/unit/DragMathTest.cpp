@@ -65,8 +65,7 @@ const DragRow DragRows[] = {
 };
 // clang-format on
 
-class DragStepTable : public ::testing::TestWithParam<std::tuple<DragRow, bool>>
-{ };
+using DragStepTable = ::testing::TestWithParam<std::tuple<DragRow, bool>>;
 
 TEST_P(DragStepTable, WindowFollowsThePointerAndTheShadowFollowsTheWindow)
 {
@@ -138,8 +137,7 @@ struct PlaceRow
     QPoint expected; // pixels
 };
 
-class Placements : public ::testing::TestWithParam<PlaceRow>
-{ };
+using Placements = ::testing::TestWithParam<PlaceRow>;
 
 // A 400x273 window at its stored place, pulled back only as far as needed to be fully on the
 // screen that shows most of it.
@@ -173,8 +171,7 @@ struct BesideRow
     QPoint expected;
 };
 
-class BesidePlacements : public ::testing::TestWithParam<BesideRow>
-{ };
+using BesidePlacements = ::testing::TestWithParam<BesideRow>;
 
 // A 360x273 window opened beside the Main window, 8 pixels off it, always wholly on the screen.
 TEST_P(BesidePlacements, OpenBesideTheMainWindow)
@@ -200,8 +197,7 @@ struct ModeRow
     const char *mode;
 };
 
-class ShadowModeTable : public ::testing::TestWithParam<ModeRow>
-{ };
+using ShadowModeTable = ::testing::TestWithParam<ModeRow>;
 
 TEST_P(ShadowModeTable, ShadowsNeedACompositorAndAPlaceableWindow)
 {

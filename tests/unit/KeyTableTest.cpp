@@ -68,8 +68,7 @@ auto byName = [](const auto &row) { return std::string(row.param.name); };
 
 // The Main window's table. m: key down with a mouse button held; L and l: a list drops down and
 // closes; T: the key-up times out; S: KeySuppress is set.
-class KeySequences : public ::testing::TestWithParam<SequenceRow>
-{ };
+using KeySequences = ::testing::TestWithParam<SequenceRow>;
 
 TEST_P(KeySequences, FireTheirCommandsOnceOnTheRightEdge)
 {
@@ -124,8 +123,7 @@ INSTANTIATE_TEST_SUITE_P(Table, KeySequences, ::testing::Values(
 // clang-format on
 
 // The Settings window's table. T: the key-up timed out.
-class ViewFormKeySequences : public ::testing::TestWithParam<SequenceRow>
-{ };
+using ViewFormKeySequences = ::testing::TestWithParam<SequenceRow>;
 
 TEST_P(ViewFormKeySequences, FireOncePerHold)
 {

@@ -45,8 +45,7 @@ MonthGrid filled(int year, int month, QDate today, QDate selected, bool sundayFi
 } // namespace
 
 // Every month of the calendar's range, with the week starting on Sunday and on Monday.
-class MonthTable : public ::testing::TestWithParam<std::tuple<int, bool>>
-{ };
+using MonthTable = ::testing::TestWithParam<std::tuple<int, bool>>;
 
 TEST_P(MonthTable, HoldsTheDaysInOrderFromTheRightColumn)
 {
@@ -84,8 +83,7 @@ struct ColourRow
     std::vector<std::pair<int, std::uint32_t>> marked;
 };
 
-class GridColours : public ::testing::TestWithParam<ColourRow>
-{ };
+using GridColours = ::testing::TestWithParam<ColourRow>;
 
 TEST_P(GridColours, MarkTodayAndTheSelectedDate)
 {

@@ -34,10 +34,7 @@ struct FolderRow
     const char *program = "program"; // the program's folder; "sys/" stands for a system folder
 };
 
-class SettingsFolderTable : public ::testing::TestWithParam<FolderRow>
-{ };
-
-} // namespace
+using SettingsFolderTable = ::testing::TestWithParam<FolderRow>;
 
 TEST_P(SettingsFolderTable, ChoosesAndCreatesTheFolder)
 {
@@ -116,8 +113,6 @@ TEST(IsRussianSystem, FollowsTheMessagesLocale)
         EXPECT_FALSE(IsRussianSystem(environment(other, {}))) << other;
 }
 
-namespace {
-
 struct EntryRow
 {
     const char *name;
@@ -128,8 +123,7 @@ struct EntryRow
     std::int32_t sum; // of a regular file at exactly that path only
 };
 
-class ExistenceTable : public ::testing::TestWithParam<EntryRow>
-{ };
+using ExistenceTable = ::testing::TestWithParam<EntryRow>;
 
 } // namespace
 

@@ -74,8 +74,7 @@ const QByteArray Border123 =
     "CalendarBorderWidth=1\r\nCalendarBorderWidth=2\r\nCalendarBorderWidth=3\r\n";
 const char Russian[] = "Language=Russian;FirstWeekDay=Monday;Clock12Hour=No";
 
-class ReadSettingsTable : public ::testing::TestWithParam<ReadRow>
-{ };
+using ReadSettingsTable = ::testing::TestWithParam<ReadRow>;
 
 } // namespace
 

@@ -18,10 +18,7 @@ struct NumberRow
     const char *numericLocale = "C"; // ru_RU writes numbers with a decimal comma
 };
 
-class LeadingNumberTable : public ::testing::TestWithParam<NumberRow>
-{ };
-
-} // namespace
+using LeadingNumberTable = ::testing::TestWithParam<NumberRow>;
 
 // "." is the decimal point on every machine, whatever LC_NUMERIC says (QApplication sets it from
 // the user's locale).
@@ -50,8 +47,6 @@ INSTANTIATE_TEST_SUITE_P(
                       NumberRow { "2.6", 2.6, "ru_RU.UTF-8" },
                       NumberRow { "1.5E3", 1500, "ru_RU.UTF-8" }));
 
-namespace {
-
 QList<QByteArray> linesOf(QByteArray content, bool nonEmpty)
 {
     QBuffer buffer(&content);
@@ -71,8 +66,7 @@ struct LinesRow
     QList<QByteArray> lines; // a line longer than a piece comes as its head
 };
 
-class LineReaderTable : public ::testing::TestWithParam<LinesRow>
-{ };
+using LineReaderTable = ::testing::TestWithParam<LinesRow>;
 
 const qsizetype Chunk = LineReader::ChunkSize;
 const qsizetype Piece = LineReader::PieceSize;

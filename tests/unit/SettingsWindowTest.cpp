@@ -58,8 +58,7 @@ struct RestoreRow
     const char *shown; // in force after Cancel
 };
 
-class CancelRestores : public ::testing::TestWithParam<RestoreRow>
-{ };
+using CancelRestores = ::testing::TestWithParam<RestoreRow>;
 
 } // namespace
 

@@ -46,10 +46,7 @@ TEST(WriteSettings, NothingWithoutAPath)
 
 namespace {
 
-class SaveTable : public ::testing::TestWithParam<std::tuple<bool, const char *>>
-{ };
-
-} // namespace
+using SaveTable = ::testing::TestWithParam<std::tuple<bool, const char *>>;
 
 // Both saves, the whole file and the position lines. Whatever call fails, the old file stays byte
 // for byte and no temporary file is left. A read-only file is replaced and made writable again, a
@@ -114,8 +111,6 @@ TEST(AtomicWriter, TwoCopiesSavingAtOnceBothSucceedInTurn)
     EXPECT_EQ(folderEntries(dir.path()), OnlyTheSettingsFile);
 }
 
-namespace {
-
 struct KeyUpdateRow
 {
     const char *name;
@@ -124,8 +119,7 @@ struct KeyUpdateRow
     int clockStepMs = 0;
 };
 
-class UpdateKeysTable : public ::testing::TestWithParam<KeyUpdateRow>
-{ };
+using UpdateKeysTable = ::testing::TestWithParam<KeyUpdateRow>;
 
 const QByteArray FiveLines = "a\r\nb\r\nCalendarTop=1\r\nc\r\nd\r\n";
 

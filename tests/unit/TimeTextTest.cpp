@@ -16,8 +16,7 @@ struct FormatRow
     const char *pm;
 };
 
-class FormatTimeTable : public ::testing::TestWithParam<FormatRow>
-{ };
+using FormatTimeTable = ::testing::TestWithParam<FormatRow>;
 
 TEST_P(FormatTimeTable, PicksTheDesignatorTheSampleSuggests)
 {

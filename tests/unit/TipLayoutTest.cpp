@@ -42,8 +42,7 @@ struct LayoutRow
     const char16_t *face = u"Arial";
 };
 
-class LayoutTable : public ::testing::TestWithParam<LayoutRow>
-{ };
+using LayoutTable = ::testing::TestWithParam<LayoutRow>;
 
 // Base font Arial 9 (90 twips a character, 180 a line) in colour 7.
 TEST_P(LayoutTable, SizesAndDrawsOnFixedMetrics)
@@ -111,8 +110,7 @@ struct PlaceRow
     QPoint expected;
 };
 
-class PlacementTable : public ::testing::TestWithParam<PlaceRow>
-{ };
+using PlacementTable = ::testing::TestWithParam<PlaceRow>;
 
 // A tooltip of 3000 x 600 twips on a 1280 x 800 screen (19200 x 12000 twips), and the same on
 // a second screen to the right of the first.

@@ -35,8 +35,6 @@ protected:
     }
 };
 
-} // namespace
-
 // F1 and the About link open one About window; asked again, the same one comes to the front.
 // Esc arms on its press and closes on its release, never on X's repeats, and the focus goes
 // back to the calendar.
@@ -87,8 +85,6 @@ TEST_P(AboutTexts, FollowTheLanguage)
 
 INSTANTIATE_TEST_SUITE_P(Languages, AboutTexts, ::testing::Values("English", "Russian"),
                          [](const auto &row) { return std::string(row.param); });
-
-namespace {
 
 struct LinkRow
 {

@@ -38,8 +38,6 @@ struct LanguageRow
 class SettingsTip : public ToolTipTest, public ::testing::WithParamInterface<LanguageRow>
 { };
 
-} // namespace
-
 // The tip's text in the window's language with the hot key's mark-up, loaded and shown a second
 // later above everything without taking the focus; its shadow only when shadows are on. The
 // requests stop when the pointer leaves, and the tip goes with the window that asked for it.
@@ -94,8 +92,6 @@ TEST_F(ToolTipTest, CloseThenOkShowsNoNewTooltip)
     EXPECT_NE(tips().toolTip(), first.data());
     EXPECT_EQ(tips().state().TipText, u"Minimize"_s);
 }
-
-namespace {
 
 struct HideRow
 {

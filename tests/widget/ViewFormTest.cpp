@@ -113,8 +113,6 @@ struct ChoiceRow
 class Choices : public SettingsWindow, public ::testing::WithParamInterface<ChoiceRow>
 { };
 
-} // namespace
-
 TEST_P(Choices, ShowOnTheMainWindowAtOnce)
 {
     const ChoiceRow &row = GetParam();
@@ -141,8 +139,6 @@ INSTANTIATE_TEST_SUITE_P(Lists, Choices, ::testing::Values(
     ChoiceRow { "CentreNo", { { List::AlignCenter, 1 } }, "Sky", false, false, false }),
     [](const auto &row) { return std::string(row.param.name); });
 // clang-format on
-
-namespace {
 
 struct EndRow
 {
