@@ -33,13 +33,15 @@ struct EndRow
     int signal = 0;
     bool minimised = false;
     bool firstRun = false;
+    bool inAbout = false; // the key goes to the About window, opened with F1
 };
 
 class Endings : public Calendar, public ::testing::WithParamInterface<EndRow>
 { };
 
-// Every way of ending a run saves where the window stood (also when it was minimised), in
-// twips, and the program prints nothing. A first run has written its file already at start.
+// Every way of ending a run, also from the About window, writes the whole record with where the
+// window stood (also when it was minimised), in twips, and the program prints nothing. A first
+// run has written its file already at start.
 TEST_P(Endings, SaveThePositionAndPrintNothing)
 {
     const EndRow &row = GetParam();
@@ -57,12 +59,26 @@ TEST_P(Endings, SaveThePositionAndPrintNothing)
             3000));
         QThread::msleep(300);
     }
+    if (row.inAbout) {
+        ASSERT_TRUE(xdotool({ "key", "F1" }));
+        const Args about = windows("About QLV Calendar Lite");
+        ASSERT_EQ(about.size(), 1U);
+        QString active;
+        EXPECT_TRUE(waitFor(
+            [&] {
+                return run({ "xdotool", "getactivewindow" }, &active)
+                    && active.toStdString() == about.front();
+            },
+            3000))
+            << "the key would go to the calendar";
+    }
     if (row.key) {
         ASSERT_TRUE(xdotool({ "key", row.key }));
     } else {
         ASSERT_EQ(::kill(pid_t(program.processId()), row.signal), 0);
     }
     EXPECT_TRUE(ended(program)) << program.exitCode();
+    EXPECT_TRUE(readSettings().startsWith("Don't change this file by hand!"));
     EXPECT_EQ(setting("CalendarLeft="), QStringLiteral("2250"));
     EXPECT_EQ(setting("CalendarTop="), QStringLiteral("1350"));
     EXPECT_EQ(program.readAllStandardError(), QByteArray());
@@ -76,7 +92,8 @@ INSTANTIATE_TEST_SUITE_P(
                       EndRow { "Sigterm", "", nullptr, SIGTERM },
                       EndRow { "Sigint", "", nullptr, SIGINT },
                       EndRow { "Sighup", "", nullptr, SIGHUP },
-                      EndRow { "SigtermWhileMinimised", "openbox", nullptr, SIGTERM, true }),
+                      EndRow { "SigtermWhileMinimised", "openbox", nullptr, SIGTERM, true },
+                      EndRow { "AltQInTheAboutWindow", "openbox", "alt+q", 0, false, false, true }),
     RowName());
 
 struct HeldRow

@@ -1,8 +1,6 @@
 #include "TestSupport.h"
 #include "app/FileUtils.h"
 
-#include <QRandomGenerator>
-
 using namespace testsupport;
 
 namespace {
@@ -47,13 +45,6 @@ struct ReadRow
     // "kept"; the other words set the scene.
     const char *failure = "";
 };
-
-QByteArray junkWithoutEquals(qsizetype size)
-{
-    QByteArray junk(size, Qt::Uninitialized);
-    QRandomGenerator(1234).fillRange(reinterpret_cast<quint32 *>(junk.data()), size / 4);
-    return junk.replace('=', '-');
-}
 
 void prepare(const QString &failure, const QString &path)
 {
@@ -154,7 +145,6 @@ INSTANTIATE_TEST_SUITE_P(Files, ReadSettingsTable, ::testing::Values(
     ReadRow { "EarlierKeyTakesTheLine", "CalendarTop=5 Language=Russian", "" },
     ReadRow { "LastValueWins", "Language=Russian\r\nLanguage=English\r\n", "" },
     ReadRow { "OtherLinesIgnored", "; a\r\n[Other]\r\nno equals\r\nUnknown=1\r\n", "" },
-    ReadRow { "BinaryJunk", junkWithoutEquals(200000), "" },
     // The clock is read at the start and before each line after the first: six lines are
     // read before 10 s steps reach 52 s, four before 13 s steps reach it exactly.
     ReadRow { "DeadlineTenSecondsALine", Border123.repeated(3), "CalendarBorderWidth=3", 10000 },

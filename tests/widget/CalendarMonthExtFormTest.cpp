@@ -144,6 +144,5 @@ TEST_F(MainFormTest, TheRussianWindowSpeaksRussianAndKeepsA24HourClock)
     open(at(2026, 3, 12, 14, 5, 9), QStringLiteral("Russian"));
     form->TimerCheckAreaFormTick();
     EXPECT_EQ(child<QComboBox>(QStringLiteral("ListMonth"))->itemText(0), QStringLiteral("Январь"));
-    EXPECT_EQ(label("LabelSettings")->text(), QStringLiteral("  Настройки  "));
     EXPECT_EQ(label("LabelTimeVal")->text(), QStringLiteral("14:05:09"));
 }
