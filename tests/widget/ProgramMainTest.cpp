@@ -78,44 +78,52 @@ protected:
     std::unique_ptr<Program> program;
 };
 
-struct PlacementRow
+struct StartRow
 {
     const char *name;
-    QByteArray file; // empty: no file
+    QByteArray file; // null: none; "/": a folder in its place
+    int reads;
     QPoint topLeft; // or one of the two marks below
 };
 
 const QPoint Centred(-1, -1);
 const QPoint BottomRight(-2, -2); // pulled back into the screen's bottom-right corner
 
-class MainWindowPlacement : public ProgramMain, public ::testing::WithParamInterface<PlacementRow>
+class Startup : public ProgramMain, public ::testing::WithParamInterface<StartRow>
 { };
 
-TEST_P(MainWindowPlacement, TheFramelessMainWindowAtItsPlace)
+// A good file is read once; a missing or bad one is rewritten and read again; one that can never
+// be written is tried four times, and the program still starts on its defaults. The frameless
+// Main window stands where the file says, kept on the screen, by default in the centre.
+TEST_P(Startup, ReadsAtMostFourTimesAndPlacesTheMainWindow)
 {
-    ASSERT_TRUE(GetParam().file.isEmpty() || writeBytes(settingsPath(), GetParam().file));
+    const StartRow &row = GetParam();
+    if (row.file == "/")
+        QDir().mkpath(settingsPath());
+    else
+        ASSERT_TRUE(row.file.isNull() || writeBytes(settingsPath(), row.file));
     start();
+    EXPECT_EQ(program->settingsReads(), row.reads);
     QWidget *window = mainWindow();
     ASSERT_NE(window, nullptr);
-    EXPECT_TRUE(window->isVisible());
-    EXPECT_TRUE(window->windowFlags() & Qt::FramelessWindowHint);
-    const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    QPoint expected = GetParam().topLeft;
-    if (expected == Centred)
-        expected = QPoint((screen.width() - 400) / 2, (screen.height() - 273) / 2);
-    if (expected == BottomRight)
-        expected = QPoint(screen.width() - 400, screen.height() - 273);
-    EXPECT_EQ(window->pos(), expected);
     EXPECT_EQ(static_cast<QWidget *>(program->mainForm()), window);
+    EXPECT_TRUE(window->isVisible() && (window->windowFlags() & Qt::FramelessWindowHint));
+    EXPECT_EQ(program->state().settings().CalendarBorderWidth, 2);
+    const QSize room = QGuiApplication::primaryScreen()->geometry().size() - QSize(400, 273);
+    const QPoint expected = row.topLeft == Centred ? QPoint(room.width() / 2, room.height() / 2)
+        : row.topLeft == BottomRight               ? QPoint(room.width(), room.height())
+                                                   : row.topLeft;
+    EXPECT_EQ(window->pos(), expected);
 }
 
 // clang-format off
-INSTANTIATE_TEST_SUITE_P(Files, MainWindowPlacement, ::testing::Values(
-    // The default position is the centre, computed in twips.
-    PlacementRow { "NoFileCentres", {}, Centred },
-    PlacementRow { "SavedPosition", "CalendarLeft=1500\r\nCalendarTop=3000\r\n", { 100, 200 } },
-    PlacementRow { "OffScreenPulledBack", "CalendarLeft=99999\r\nCalendarTop=99999\r\n", BottomRight },
-    PlacementRow { "CentreWins", "CalendarLeft=1500\r\nCalendarTop=3000\r\nCalendarAlignToCenter=yes", Centred }),
+INSTANTIATE_TEST_SUITE_P(Files, Startup, ::testing::Values(
+    StartRow { "NoFileCentres", {}, 2, Centred },
+    StartRow { "SavedPosition", "CalendarLeft=1500\r\nCalendarTop=3000\r\n", 1, { 100, 200 } },
+    StartRow { "OffScreenPulledBack", "CalendarLeft=99999\r\nCalendarTop=99999\r\n", 1, BottomRight },
+    StartRow { "CentreWins", "CalendarLeft=1500\r\nCalendarTop=3000\r\nCalendarAlignToCenter=yes", 1, Centred },
+    StartRow { "Overflow", "CalendarTop=1e999", 2, Centred },
+    StartRow { "FolderInTheWay", "/", 4, Centred }),
     [](const auto &p) { return std::string(p.param.name); });
 // clang-format on
 
@@ -184,40 +192,6 @@ TEST_F(ProgramMain, UnloadsTheWindowsInOrder)
                  || program->state().IsFormLoaded(QStringLiteral("RESOURCESFORM"), false));
 }
 
-struct ReadsRow
-{
-    const char *name;
-    QByteArray file; // null: none; "/": a folder in its place
-    int reads;
-};
-
-class StartupReads : public ProgramMain, public ::testing::WithParamInterface<ReadsRow>
-{ };
-
-} // namespace
-
-// A good file is read once; a missing or bad one is rewritten and read again; one that can
-// never be written is tried four times, and the program still starts on its defaults.
-TEST_P(StartupReads, ReadsAtMostFourTimes)
-{
-    if (GetParam().file == "/")
-        QDir().mkpath(settingsPath());
-    else
-        ASSERT_TRUE(GetParam().file.isNull() || writeBytes(settingsPath(), GetParam().file));
-    start();
-    EXPECT_EQ(program->settingsReads(), GetParam().reads);
-    ASSERT_NE(mainWindow(), nullptr);
-    EXPECT_TRUE(mainWindow()->isVisible());
-    EXPECT_EQ(program->state().settings().CalendarBorderWidth, 2);
-}
-
-INSTANTIATE_TEST_SUITE_P(Files, StartupReads,
-                         ::testing::Values(ReadsRow { "GoodFile", "Language=English", 1 },
-                                           ReadsRow { "NoFile", {}, 2 },
-                                           ReadsRow { "Overflow", "CalendarTop=1e999", 2 },
-                                           ReadsRow { "FolderInTheWay", "/", 4 }),
-                         [](const auto &p) { return std::string(p.param.name); });
-
 // The locale reaches the first run: the file is written in Russian at once, and the title
 // follows.
 TEST_F(ProgramMain, TheFirstRunTakesTheLocalesLanguage)
@@ -228,3 +202,5 @@ TEST_F(ProgramMain, TheFirstRunTakesTheLocalesLanguage)
     EXPECT_TRUE(text.contains("\r\nLanguage=Russian\r\nColorScheme=Blue\r\nFirstWeekDay=Monday"));
     EXPECT_EQ(mainWindow()->windowTitle(), QStringLiteral("Календарь КЛВ Лайт"));
 }
+
+} // namespace
