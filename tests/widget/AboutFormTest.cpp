@@ -63,14 +63,32 @@ TEST_F(About, OneWindowThatEscClosesOnReleaseGivingTheFocusBack)
     EXPECT_TRUE(becomesActive(form));
 }
 
-class AboutTexts : public About, public ::testing::WithParamInterface<const char *>
+struct ContentRow
+{
+    const char *name;
+    const char *language;
+    const char *programFolder;
+    const char *documentation; // "": none anywhere
+};
+
+class AboutContents : public About, public ::testing::WithParamInterface<ContentRow>
 { };
 
+} // namespace
+
 // Every word the window shows or names is in the chosen language, the terms of use included.
-TEST_P(AboutTexts, FollowTheLanguage)
+// The link opens the documentation found from the program's folder, installed or in a build
+// tree; with none there is no link.
+TEST_P(AboutContents, FollowTheLanguageAndLinkTheDocumentation)
 {
-    const bool russian = GetParam() == std::string("Russian");
-    openMain(QString::fromLatin1(GetParam()));
+    const ContentRow &row = GetParam();
+    const bool russian = row.language == std::string("Russian");
+    QTemporaryDir root;
+    const QString documentation = root.filePath(QString::fromLatin1(row.documentation));
+    ASSERT_TRUE(QDir(root.path()).mkpath(QString::fromLatin1(row.programFolder)));
+    ASSERT_TRUE(!*row.documentation || writeBytes(documentation, "# QLV Calendar Lite"));
+    openMain(QString::fromLatin1(row.language));
+    program->ProgramFolder = root.filePath(QString::fromLatin1(row.programFolder));
     AboutForm *about = AboutForm::open(*program);
     const QString description = about->TextDescription->toPlainText();
     static const QRegularExpression cyrillic(u"[\u0400-\u04ff]"_s);
@@ -81,35 +99,7 @@ TEST_P(AboutTexts, FollowTheLanguage)
         EXPECT_EQ(text.contains(cyrillic), russian) << text.toStdString();
     EXPECT_TRUE(about->KnVersion->text().endsWith(u" 1.0.1"_s));
     EXPECT_TRUE(description.contains(russian ? u"без каких-либо гарантий"_s : u"no warranty"_s));
-}
 
-INSTANTIATE_TEST_SUITE_P(Languages, AboutTexts, ::testing::Values("English", "Russian"),
-                         [](const auto &row) { return std::string(row.param); });
-
-struct LinkRow
-{
-    const char *name;
-    const char *programFolder;
-    const char *documentation; // "": none anywhere
-};
-
-class AboutLink : public About, public ::testing::WithParamInterface<LinkRow>
-{ };
-
-} // namespace
-
-// The link opens the documentation found from the program's folder, installed or in a build
-// tree; with none there is no link.
-TEST_P(AboutLink, OpensTheDocumentationBesideTheProgram)
-{
-    const LinkRow &row = GetParam();
-    QTemporaryDir root;
-    const QString documentation = root.filePath(QString::fromLatin1(row.documentation));
-    ASSERT_TRUE(QDir(root.path()).mkpath(QString::fromLatin1(row.programFolder)));
-    ASSERT_TRUE(!*row.documentation || writeBytes(documentation, "# QLV Calendar Lite"));
-    openMain();
-    program->ProgramFolder = root.filePath(QString::fromLatin1(row.programFolder));
-    AboutForm *about = AboutForm::open(*program);
     QList<QUrl> opened;
     about->openUrl = [&opened](const QUrl &url) { opened.append(url); };
     ASSERT_EQ(about->LabelLink->isVisible(), *row.documentation != 0);
@@ -119,10 +109,10 @@ TEST_P(AboutLink, OpensTheDocumentationBesideTheProgram)
 }
 
 // clang-format off
-INSTANTIATE_TEST_SUITE_P(Layouts, AboutLink, ::testing::Values(
-    LinkRow { "Installed", "usr/bin/", "usr/share/doc/qlvcallt/README.md" },
-    LinkRow { "BuildTree", "project/build/release/", "project/README.md" },
-    LinkRow { "Nowhere", "opt/bin/", "" }),
+INSTANTIATE_TEST_SUITE_P(Rows, AboutContents, ::testing::Values(
+    ContentRow { "EnglishInstalled", "English", "usr/bin/", "usr/share/doc/qlvcallt/README.md" },
+    ContentRow { "RussianBuildTree", "Russian", "project/build/release/", "project/README.md" },
+    ContentRow { "EnglishNowhere", "English", "opt/bin/", "" }),
     [](const auto &row) { return std::string(row.param.name); });
 // clang-format on
 
