@@ -60,32 +60,35 @@ int commandOf(const Step &step, const char *names)
 
 struct SequenceRow
 {
+    char table; // M the Main window's, S the Settings window's
     const char *name;
     const char *steps;
 };
 
-auto byName = [](const auto &row) { return std::string(row.param.name); };
-
-// The Main window's table. m: key down with a mouse button held; L and l: a list drops down and
-// closes; T: the key-up times out; S: KeySuppress is set.
 using KeySequences = ::testing::TestWithParam<SequenceRow>;
 
+// The Main window's steps also have m: key down with a mouse button held; L and l: a list drops
+// down and closes; S: KeySuppress is set. T: the key-up times out.
 TEST_P(KeySequences, FireTheirCommandsOnceOnTheRightEdge)
 {
-    using C = KeyTable::Command;
-    const char *commands =
-        "None Discard FocusOk Close Quit Activate Author About Settings New EndList";
+    const bool main = GetParam().table == 'M';
+    const char *commands = main
+        ? "None Discard FocusOk Close Quit Activate Author About Settings New EndList"
+        : "None Press Ok Quit Blink Next Reset Clear Cancel About";
     KeyTable keys;
+    ViewFormKeyTable settings;
     for (const Step &step : steps(GetParam().steps)) {
-        C got = C::None;
+        int got = 0;
         switch (step.kind) {
         case 'v':
         case 'm':
-            got = keys.keyDown(step.key, step.mods, step.kind == 'm');
+            got = main ? int(keys.keyDown(step.key, step.mods, step.kind == 'm'))
+                       : int(settings.keyDown(step.key, step.mods));
             break;
         case '^':
         case 'h':
-            got = keys.keyUp(step.key, step.mods, false, step.kind == 'h');
+            got = main ? int(keys.keyUp(step.key, step.mods, false, step.kind == 'h'))
+                       : int(settings.keyUp(step.key, step.kind == 'h'));
             break;
         case 'L':
             keys.listDroppedDown();
@@ -94,66 +97,42 @@ TEST_P(KeySequences, FireTheirCommandsOnceOnTheRightEdge)
             keys.listClosedUp();
             break;
         case 'T':
-            keys.keyUpTimedOut();
+            main ? keys.keyUpTimedOut() : settings.keyUpTimedOut();
             break;
         default:
             keys.KeySuppress = true;
         }
-        EXPECT_EQ(int(got), commandOf(step, commands)) << step.kind << step.key;
+        EXPECT_EQ(got, commandOf(step, commands)) << step.kind << step.key;
     }
 }
 
 // clang-format off
 INSTANTIATE_TEST_SUITE_P(Table, KeySequences, ::testing::Values(
-    SequenceRow { "escClosesOnRelease", "vEsc=FocusOk ^Esc=Close" },
-    SequenceRow { "closeOnPressOnly", "vF4+a=Close ^F4+a vRet+c=Close ^Ret+c vF4 ^F4" },
-    SequenceRow { "altQAndAltXQuit", "vQ+a=Quit vX+a=Quit vQ" },
-    SequenceRow { "ctrlReleasedBeforeN", "vCtrl+c vN+c ^Ctrl ^N=New vN ^N" },
-    SequenceRow { "functionKeysOnRelease", "vF1 ^F1=About vF9 ^F9=Settings" },
-    SequenceRow { "enterClicksOncePerHold", "vRet=Activate vRet ^Ret vEnt=Activate" },
-    SequenceRow { "theAuthorBoxKeepsItsKeys", "vI+cas=Author ^Esc vI+ca" },
-    SequenceRow { "releaseWithoutPressOrAfterTimeOut", "^Esc vF9 T ^F9" },
-    SequenceRow { "mouseButtonHeld", "mEsc=Discard ^Esc" },
-    SequenceRow { "suppressedPressStillPairsWithItsRelease", "S vQ+a ^Q vQ+a=Quit" },
-    SequenceRow { "heldKeysRepeatAsPairs", "vN+c hN+c vN+c hN+c vN+c ^N+c=New vEsc=FocusOk hEsc vEsc ^Esc=Close" },
-    SequenceRow { "escClosingAListEndsOnlyTheList", "L vEsc l ^Esc=EndList vEsc=FocusOk ^Esc=Close" },
-    SequenceRow { "f4OpensAndClosesTheList", "vF4 L ^F4 vEsc l ^Esc=EndList vF4 L ^F4 vF4 l ^F4=EndList vEsc=FocusOk" },
-    SequenceRow { "aListClosedByAClickLeavesEscToClose", "L l vEsc=FocusOk ^Esc=Close" }),
-    byName);
-// clang-format on
-
-// The Settings window's table. T: the key-up timed out.
-using ViewFormKeySequences = ::testing::TestWithParam<SequenceRow>;
-
-TEST_P(ViewFormKeySequences, FireOncePerHold)
-{
-    using C = ViewFormKeyTable::Command;
-    const char *commands = "None Press Ok Quit Blink Next Reset Clear Cancel About";
-    ViewFormKeyTable table;
-    for (const Step &step : steps(GetParam().steps)) {
-        C got = C::None;
-        if (step.kind == 'T')
-            table.keyUpTimedOut();
-        else
-            got = step.kind == 'v' ? table.keyDown(step.key, step.mods)
-                                   : table.keyUp(step.key, step.kind == 'h');
-        EXPECT_EQ(int(got), commandOf(step, commands)) << step.kind << step.key;
-    }
-}
-
-// clang-format off
-INSTANTIATE_TEST_SUITE_P(Rows, ViewFormKeySequences, ::testing::Values(
-    SequenceRow { "HeldEscCancelsOnRelease", "vEsc=Press hEsc vEsc hEsc vEsc ^Esc=Cancel ^Esc" },
-    SequenceRow { "CtrlOrAltWithEnterOrF4Save", "vRet+c=Ok ^Ret=Reset vF4+a=Ok ^F4=Reset vEnt+a=Ok" },
-    SequenceRow { "CommandKeysDoNotRepeat", "vRet+a=Ok hRet vRet+a vF4+c ^Ret=Reset" },
-    SequenceRow { "EnterAloneMovesOnEveryTime", "vRet=Next vRet=Next ^Ret vEnt=Next" },
-    SequenceRow { "AltQAndAltXQuitCtrlQDoesNot", "vQ+a=Quit ^Q=Reset vX+a=Quit ^X=Reset vQ+c" },
-    SequenceRow { "CtrlOrAltWithAOrMBlink", "vA+c=Blink ^A=Reset vM+a=Blink ^M vM+a=Blink" },
-    SequenceRow { "F1OnItsRealRelease", "vF1 hF1 vF1 hF1 ^F1=About ^F1" },
-    SequenceRow { "StrayReleasesDoNothing", "^F1 ^Esc ^Ret ^Ctrl" },
-    SequenceRow { "F4WhileEscArmedClearsHover", "vEsc=Press vF4 ^F4=Clear ^Esc=Cancel" },
-    SequenceRow { "TimeOutFreesTheHold", "vF9 T vRet+c=Ok" }),
-    byName);
+    SequenceRow { 'M', "escClosesOnRelease", "vEsc=FocusOk ^Esc=Close" },
+    SequenceRow { 'M', "closeOnPressOnly", "vF4+a=Close ^F4+a vRet+c=Close ^Ret+c vF4 ^F4" },
+    SequenceRow { 'M', "altQAndAltXQuit", "vQ+a=Quit vX+a=Quit vQ" },
+    SequenceRow { 'M', "ctrlReleasedBeforeN", "vCtrl+c vN+c ^Ctrl ^N=New vN ^N" },
+    SequenceRow { 'M', "functionKeysOnRelease", "vF1 ^F1=About vF9 ^F9=Settings" },
+    SequenceRow { 'M', "enterClicksOncePerHold", "vRet=Activate vRet ^Ret vEnt=Activate" },
+    SequenceRow { 'M', "theAuthorBoxKeepsItsKeys", "vI+cas=Author ^Esc vI+ca" },
+    SequenceRow { 'M', "releaseWithoutPressOrAfterTimeOut", "^Esc vF9 T ^F9" },
+    SequenceRow { 'M', "mouseButtonHeld", "mEsc=Discard ^Esc" },
+    SequenceRow { 'M', "suppressedPressStillPairsWithItsRelease", "S vQ+a ^Q vQ+a=Quit" },
+    SequenceRow { 'M', "heldKeysRepeatAsPairs", "vN+c hN+c vN+c hN+c vN+c ^N+c=New vEsc=FocusOk hEsc vEsc ^Esc=Close" },
+    SequenceRow { 'M', "escClosingAListEndsOnlyTheList", "L vEsc l ^Esc=EndList vEsc=FocusOk ^Esc=Close" },
+    SequenceRow { 'M', "f4OpensAndClosesTheList", "vF4 L ^F4 vEsc l ^Esc=EndList vF4 L ^F4 vF4 l ^F4=EndList vEsc=FocusOk" },
+    SequenceRow { 'M', "aListClosedByAClickLeavesEscToClose", "L l vEsc=FocusOk ^Esc=Close" },
+    SequenceRow { 'S', "HeldEscCancelsOnRelease", "vEsc=Press hEsc vEsc hEsc vEsc ^Esc=Cancel ^Esc" },
+    SequenceRow { 'S', "CtrlOrAltWithEnterOrF4Save", "vRet+c=Ok ^Ret=Reset vF4+a=Ok ^F4=Reset vEnt+a=Ok" },
+    SequenceRow { 'S', "CommandKeysDoNotRepeat", "vRet+a=Ok hRet vRet+a vF4+c ^Ret=Reset" },
+    SequenceRow { 'S', "EnterAloneMovesOnEveryTime", "vRet=Next vRet=Next ^Ret vEnt=Next" },
+    SequenceRow { 'S', "AltQAndAltXQuitCtrlQDoesNot", "vQ+a=Quit ^Q=Reset vX+a=Quit ^X=Reset vQ+c" },
+    SequenceRow { 'S', "CtrlOrAltWithAOrMBlink", "vA+c=Blink ^A=Reset vM+a=Blink ^M vM+a=Blink" },
+    SequenceRow { 'S', "F1OnItsRealRelease", "vF1 hF1 vF1 hF1 ^F1=About ^F1" },
+    SequenceRow { 'S', "StrayReleasesDoNothing", "^F1 ^Esc ^Ret ^Ctrl" },
+    SequenceRow { 'S', "F4WhileEscArmedClearsHover", "vEsc=Press vF4 ^F4=Clear ^Esc=Cancel" },
+    SequenceRow { 'S', "TimeOutFreesTheHold", "vF9 T vRet+c=Ok" }),
+    [](const auto &row) { return (row.param.table == 'M' ? "Main_" : "Settings_") + std::string(row.param.name); });
 // clang-format on
 
 } // namespace
