@@ -298,9 +298,10 @@ void ViewForm::KnCancelClick(From from)
 void ViewForm::closeEvent(QCloseEvent *event)
 {
     if (!m_ownClose && event->spontaneous()) {
-        // The window manager's close is the close control's: Ok.
+        // The window manager's close is the close control's: Ok. Qt drops a close asked for
+        // while it delivers its own close event, so Ok runs once this event is done.
         event->ignore();
-        KnOkClick(From::Elsewhere);
+        QTimer::singleShot(0, this, [this] { KnOkClick(From::Elsewhere); });
         return;
     }
     // The program's exit closes us too; the Main window then goes anyway.

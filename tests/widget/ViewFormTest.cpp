@@ -12,6 +12,8 @@
 
 #include <QAbstractItemView>
 #include <QAccessible>
+#include <QCloseEvent>
+#include <QWindow>
 #include <QScreen>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -143,7 +145,7 @@ INSTANTIATE_TEST_SUITE_P(Lists, Choices, ::testing::Values(
 struct EndRow
 {
     const char *name;
-    const char *clicked; // a control to click, or none for the key
+    const char *clicked; // a control to click, "WindowManager" for its close, or none: the key
     Qt::Key key;
     Qt::KeyboardModifiers mods;
     bool kept; // the choice stays
@@ -181,7 +183,10 @@ TEST_P(Endings, SaveOrDiscardAndGiveTheMainWindowBack)
     EXPECT_EQ(form->LabelWeekDay[1]->text(), u"Mon"_s);
     EXPECT_TRUE(framed());
     EXPECT_EQ(static_cast<WindowBody *>(view->FrameMove)->borderWidth(), 3);
-    if (row.clicked) {
+    if (QByteArray(row.clicked) == "WindowManager") {
+        QCloseEvent close; // as the window manager's close arrives
+        QApplication::sendEvent(view->windowHandle(), &close);
+    } else if (row.clicked) {
         QTest::mouseClick(view->findChild<QWidget *>(QString::fromLatin1(row.clicked)),
                           Qt::LeftButton);
     } else {
@@ -208,6 +213,7 @@ INSTANTIATE_TEST_SUITE_P(Ways, Endings, ::testing::Values(
     EndRow { "OkPicture", "KnOkBlack", {}, {}, true },
     EndRow { "CtrlEnter", nullptr, Qt::Key_Return, Qt::ControlModifier, true },
     EndRow { "FailedSave", "KnClose", {}, {}, true, true },
+    EndRow { "WindowManagerClose", "WindowManager", {}, {}, true },
     EndRow { "CancelPicture", "KnCancelBlackEng", {}, {}, false },
     EndRow { "HeldEsc", nullptr, Qt::Key_Escape, {}, false }),
     [](const auto &row) { return std::string(row.param.name); });
