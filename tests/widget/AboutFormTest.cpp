@@ -97,6 +97,7 @@ TEST_P(AboutContents, FollowTheLanguageAndLinkTheDocumentation)
            about->KnVersion->text(), about->KnClose->accessibleName(),
            about->TextDescription->accessibleName(), description, about->LabelLink->text() })
         EXPECT_EQ(text.contains(cyrillic), russian) << text.toStdString();
+    EXPECT_EQ(about->LabelName->text(), russian ? u"Календарь КЛВ Лайт"_s : u"QLV Calendar Lite"_s);
     EXPECT_TRUE(about->KnVersion->text().endsWith(u" 1.0.1"_s));
     EXPECT_TRUE(description.contains(russian ? u"без каких-либо гарантий"_s : u"no warranty"_s));
 
@@ -127,6 +128,7 @@ TEST_F(About, AttentionBlinksTheTaskbarCaption)
     QObject::connect(form.data(), &QWidget::windowTitleChanged,
                      [&captions](const QString &caption) { captions.append(caption); });
     Attention(AboutForm::open(*program)->KnClose, 2);
+    EXPECT_EQ(form->windowTitle(), u"» QLV «"_s) << "the blink starts lit";
     QTest::qWait(6 * QLVForm::BlinkMs);
     EXPECT_EQ(captions, QStringList({ u"» QLV «"_s, u"QLV"_s, u"» QLV «"_s, u"QLV"_s }));
 }
