@@ -36,8 +36,8 @@ protected:
 };
 
 // F1 and the About link open one About window; asked again, the same one comes to the front.
-// Esc arms on its press and closes on its release, never on X's repeats, and the focus goes
-// back to the calendar.
+// Its close control can ask for attention. Esc arms on its press and closes on its release,
+// never on X's repeats, and the focus goes back to the calendar.
 TEST_F(About, OneWindowThatEscClosesOnReleaseGivingTheFocusBack)
 {
     openMain();
@@ -51,6 +51,18 @@ TEST_F(About, OneWindowThatEscClosesOnReleaseGivingTheFocusBack)
         about = AboutForm::find();
         EXPECT_TRUE(becomesActive(about)) << "not brought to the front";
     }
+    // A window that wants the user blinks the program's taskbar caption through the notification
+    // window's caption blink, lit at once, and the caption ends as it began.
+    WindowBehaviour::of(*program).FlashWindow = QLVForm::FlashWindow;
+    form->setWindowTitle(u"QLV"_s);
+    QStringList captions;
+    QObject::connect(form.data(), &QWidget::windowTitleChanged,
+                     [&captions](const QString &caption) { captions.append(caption); });
+    Attention(about->KnClose, 2);
+    EXPECT_EQ(form->windowTitle(), u"» QLV «"_s);
+    QTest::qWait(6 * QLVForm::BlinkMs);
+    EXPECT_EQ(captions, QStringList({ u"» QLV «"_s, u"QLV"_s, u"» QLV «"_s, u"QLV"_s }));
+
     sendKey(QEvent::KeyPress, Qt::Key_Escape);
     EXPECT_EQ(QApplication::focusWidget(), about->KnClose);
     for (int i = 0; i < 3; ++i) {
@@ -116,19 +128,3 @@ INSTANTIATE_TEST_SUITE_P(Rows, AboutContents, ::testing::Values(
     ContentRow { "EnglishNowhere", "English", "opt/bin/", "" }),
     [](const auto &row) { return std::string(row.param.name); });
 // clang-format on
-
-// A window that wants the user blinks the program's taskbar caption through the notification
-// window's caption blink, and the caption ends as it began.
-TEST_F(About, AttentionBlinksTheTaskbarCaption)
-{
-    openMain();
-    WindowBehaviour::of(*program).FlashWindow = QLVForm::FlashWindow;
-    form->setWindowTitle(u"QLV"_s);
-    QStringList captions;
-    QObject::connect(form.data(), &QWidget::windowTitleChanged,
-                     [&captions](const QString &caption) { captions.append(caption); });
-    Attention(AboutForm::open(*program)->KnClose, 2);
-    EXPECT_EQ(form->windowTitle(), u"» QLV «"_s) << "the blink starts lit";
-    QTest::qWait(6 * QLVForm::BlinkMs);
-    EXPECT_EQ(captions, QStringList({ u"» QLV «"_s, u"QLV"_s, u"» QLV «"_s, u"QLV"_s }));
-}
