@@ -31,6 +31,14 @@ protected:
         ASSERT_TRUE(waitFor(
             [&] { return QFile::exists(m_root + QStringLiteral("/runtime/qlv-wayland")); }, 15000))
             << "weston did not start";
+        // Keys reach weston only while its window has the X focus.
+        QString output;
+        ASSERT_TRUE(waitFor(
+            [&] {
+                return run({ "xdotool", "search", "--class", "^Weston Compositor$" }, &output);
+            },
+            15000));
+        ASSERT_TRUE(xdotool({ "windowfocus", "--sync", output.toStdString() }));
     }
     // The windows weston shows, as its scene graph lists them.
     QString scene()
@@ -42,15 +50,10 @@ protected:
     // The month's name in the calendar's title line, as a digest of its pixels.
     QString title()
     {
-        const QRect area = MainFormLayout::LabelActDate.translated(m_window);
+        const QRect a = MainFormLayout::LabelActDate.translated(m_window);
+        const QString crop = QStringLiteral("%1x%2+%3+%4").arg(a.width()).arg(a.height());
         QString out;
-        run({ "import", "-window", "root", "-crop",
-              QStringLiteral("%1x%2+%3+%4")
-                  .arg(area.width())
-                  .arg(area.height())
-                  .arg(area.x())
-                  .arg(area.y())
-                  .toStdString(),
+        run({ "import", "-window", "root", "-crop", crop.arg(a.x()).arg(a.y()).toStdString(),
               "+repage", "-format", "%#", "info:" },
             &out);
         return out;

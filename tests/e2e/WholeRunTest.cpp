@@ -36,13 +36,13 @@ protected:
     QProcess &launch()
     {
         const std::string logs = m_reports.path().toStdString() + '/';
-        QProcess &program =
-            startProgram({ "sh", "-c",
-                           "exec env ASAN_OPTIONS=detect_leaks=1:fast_unwind_on_malloc=0:log_path="
-                               + logs + "asan LSAN_OPTIONS=print_suppressions=0:suppressions="
-                               + QLV_SANITIZER_SUPPRESSIONS
-                               " UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \"$0\" 2>>"
-                               + logs + "stderr" });
+        const std::string asan = "ASAN_OPTIONS=detect_leaks=1:fast_unwind_on_malloc=0:log_path=";
+        QProcess &program = startProgram(
+            { "sh", "-c",
+              "exec env " + asan + logs + "asan LSAN_OPTIONS=print_suppressions=0:suppressions="
+                  + QLV_SANITIZER_SUPPRESSIONS " UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 "
+                                               "\"$0\" 2>>"
+                  + logs + "stderr" });
         main = mainWindow(60000);
         EXPECT_TRUE(xdotool({ "windowactivate", "--sync", main }));
         return program;
@@ -57,19 +57,11 @@ protected:
         }
         return all;
     }
-    static bool endsWell(QProcess &program)
-    {
-        return program.waitForFinished(30000) && program.exitStatus() == QProcess::NormalExit
-            && program.exitCode() == 0;
-    }
-    Args visibleOf(qint64 pid)
+    int shownOf(qint64 pid)
     {
         QString out;
         run({ "xdotool", "search", "--onlyvisible", "--pid", std::to_string(pid) }, &out);
-        Args found;
-        for (const QString &w : out.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
-            found.push_back(w.toStdString());
-        return found;
+        return int(out.split(u'\n', Qt::SkipEmptyParts).size());
     }
     bool pointAt(const std::string &window, QPoint at)
     {
@@ -92,13 +84,11 @@ protected:
     ::testing::AssertionResult copiedIsIn(QDate date)
     {
         const QString text = copied();
-        if (text.contains(English.monthName(date.month()))
-            && text.contains(QString::number(date.year()))) {
-            return ::testing::AssertionSuccess();
-        }
-        return ::testing::AssertionFailure()
-            << "copied " << text.toStdString() << ", not in "
-            << English.toString(date, QStringLiteral("MMMM yyyy")).toStdString();
+        return (text.contains(English.monthName(date.month()))
+                        && text.contains(QString::number(date.year()))
+                    ? ::testing::AssertionSuccess()
+                    : ::testing::AssertionFailure())
+            << "copied " << text.toStdString();
     }
     // A list dropped down by a click, one entry `key` on, taken by Enter.
     bool choose(const QRect &list, const char *key)
@@ -109,9 +99,9 @@ protected:
     // The pointer rests on `at` until one more window of the program shows: the tooltip.
     bool tipShows(const std::string &window, QPoint at, qint64 pid)
     {
-        const size_t before = visibleOf(pid).size();
+        const int before = shownOf(pid);
         return pointAt(window, at - QPoint(30, 0)) && pointAt(window, at)
-            && waitFor([&] { return visibleOf(pid).size() > before; }, 8000);
+            && waitFor([&] { return shownOf(pid) > before; }, 8000);
     }
 
     QTemporaryDir m_reports; // outlives the harness's folder, which goes with its processes
@@ -122,11 +112,11 @@ protected:
 
 TEST_F(WholeRun, EveryWindowWithoutASanitizerReport)
 {
-    // A first run writes its file at once.
+    // A first run writes its file at once; the next starts with it.
     QProcess &first = launch();
     EXPECT_EQ(readSettings().count("\r\n"), 13);
     ASSERT_TRUE(xdotool({ "key", "alt+q" }));
-    EXPECT_TRUE(endsWell(first));
+    EXPECT_TRUE(first.waitForFinished(30000) && first.exitCode() == 0);
 
     QProcess &program = launch();
     ASSERT_FALSE(main.empty());
@@ -154,32 +144,31 @@ TEST_F(WholeRun, EveryWindowWithoutASanitizerReport)
     // Ctrl+N starts the private copy of this very build: sanitized when this one is.
     ASSERT_TRUE(xdotool({ "key", "ctrl+n" }));
     std::string copyWindow;
-    qint64 copyPid = 0;
+    QString copyPid;
     ASSERT_TRUE(waitFor(
         [&] {
             for (const std::string &w : windows("QLV Calendar Lite", 0)) {
-                QString id;
-                if (run({ "xdotool", "getwindowpid", w }, &id) && id.toLongLong() != pid)
-                    copyWindow = w, copyPid = id.toLongLong();
+                if (run({ "xdotool", "getwindowpid", w }, &copyPid) && copyPid.toLongLong() != pid)
+                    return copyWindow = w, true;
             }
-            return copyPid != 0;
+            return false;
         },
         60000));
-    adopt(copyPid);
-    EXPECT_EQ(QFile::symLinkTarget(QStringLiteral("/proc/%1/exe").arg(copyPid)),
+    adopt(copyPid.toLongLong());
+    const QString proc = QStringLiteral("/proc/") + copyPid;
+    EXPECT_EQ(QFile::symLinkTarget(proc + QStringLiteral("/exe")),
               m_root + QStringLiteral("/bin/qlvcallt"));
-    QFile maps(QStringLiteral("/proc/%1/maps").arg(copyPid));
+    QFile maps(proc + QStringLiteral("/maps"));
     ASSERT_TRUE(maps.open(QIODevice::ReadOnly));
     EXPECT_EQ(maps.readAll().contains("libasan"), bool(QLV_SANITIZED));
     ASSERT_TRUE(xdotool({ "windowactivate", "--sync", copyWindow }));
     ASSERT_TRUE(xdotool({ "key", "alt+q" }));
-    EXPECT_TRUE(
-        waitFor([&] { return !QFile::exists(QStringLiteral("/proc/%1").arg(copyPid)); }, 30000));
+    EXPECT_TRUE(waitFor([&] { return !QFile::exists(proc); }, 30000));
 
     // Minimise and restore, then drag by the bare body.
     ASSERT_TRUE(xdotool({ "windowactivate", "--sync", main }));
     ASSERT_TRUE(click(MainFormLayout::KnMin));
-    EXPECT_TRUE(waitFor([&] { return visibleOf(pid).empty(); }, 10000));
+    EXPECT_TRUE(waitFor([&] { return shownOf(pid) == 0; }, 10000));
     ASSERT_TRUE(xdotool({ "windowactivate", "--sync", main }));
     EXPECT_FALSE(windows("QLV Calendar Lite").empty());
     const QRect before = geometry(main);
@@ -191,8 +180,7 @@ TEST_F(WholeRun, EveryWindowWithoutASanitizerReport)
     for (int step = 0; step < 3; ++step)
         ASSERT_TRUE(xdotool({ "mousemove_relative", "--sync", "40", "20" }));
     ASSERT_TRUE(xdotool({ "mouseup", "1" }));
-    run({ "import", "-window", "root", "/tmp/dbg-dragged.png" });
-    waitFor([&] { return geometry(main).topLeft() == before.topLeft() + QPoint(120, 60); }, 5000);
+    QThread::msleep(300);
     EXPECT_EQ(geometry(main).topLeft(), before.topLeft() + QPoint(120, 60));
 
     // F1, and Esc closes the About window.
@@ -201,7 +189,7 @@ TEST_F(WholeRun, EveryWindowWithoutASanitizerReport)
     ASSERT_TRUE(xdotool({ "key", "Escape" }));
     EXPECT_TRUE(waitFor([&] { return windows("About QLV Calendar Lite", 0).empty(); }, 10000));
 
-    // Every setting changed, previewed, then Cancel; then the same again and Ok.
+    // Every setting changed and previewed, then Cancel: the file stays; the same again, then Ok.
     const QByteArray stored = readSettings();
     for (const char *end : { "Escape", "ctrl+Return" }) {
         ASSERT_TRUE(xdotool({ "windowactivate", "--sync", main }));
@@ -209,20 +197,17 @@ TEST_F(WholeRun, EveryWindowWithoutASanitizerReport)
         const Args settings = windows("  Calendar Settings  ", 30000);
         ASSERT_EQ(settings.size(), 1U);
         EXPECT_TRUE(tipShows(settings.front(), { 230, 56 }, pid)) << "no tooltip";
-        run({ "import", "-window", "root", "/tmp/dbg-tip.png" });
         ASSERT_TRUE(
-            xdotool({ "key", "--delay", "250", "Tab", "Down", "Return", "Down", "Return", "Down",
-                      "Return", "Right", "Return", "Up", "Return", "Down", "Return", "Up" }));
-        QThread::msleep(500);
-        ASSERT_TRUE(xdotool({ "key", end }));
+            xdotool({ "key", "--delay", "100", "Tab", "Down", "Return", "Down", "Return", "Down",
+                      "Return", "Right", "Return", "Up", "Return", "Down", "Return", "Up", end }));
         EXPECT_TRUE(waitFor([&] { return windows("  Calendar Settings  ", 0).empty(); }, 10000));
+        EXPECT_EQ(readSettings() == stored, end == std::string("Escape"));
     }
     for (const char *line :
          { "Language=Russian", "FirstWeekDay=Monday", "ColorScheme=Green", "CalendarBorderWidth=3",
            "CalendarAlignToCenter=Yes", "CalendarPicture=Sky", "CalendarTopmost=Yes" })
         EXPECT_TRUE(readSettings().contains(line)) << line << " in\n" << readSettings().data();
-    EXPECT_NE(readSettings(), stored);
 
     ASSERT_TRUE(xdotool({ "key", "alt+q" }));
-    EXPECT_TRUE(endsWell(program));
+    EXPECT_TRUE(program.waitForFinished(30000) && program.exitCode() == 0);
 }
