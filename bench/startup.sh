@@ -7,7 +7,7 @@
 # dbus-run-session to measure with a session bus, as on a desktop: its address is passed on.
 # QLV_BENCH_COMPOSITOR=1 runs a compositing manager (xcompmgr) first, so that the calendar comes
 # up with its shadow, as on a compositing desktop. Its shadow maps just before the window does.
-# QLV_BENCH_OUT=folder keeps every program's rounds there ("<ms> <KiB>" a line), as
+# QLV_BENCH_OUT=folder keeps every program's rounds there (the lines of qlv_map_wait), as
 # startup-<plain|compositor>-<program>.txt, for bench/results.py.
 set -euo pipefail
 build=${1:-build/release}
