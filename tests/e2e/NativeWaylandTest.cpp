@@ -9,9 +9,6 @@ using namespace e2e;
 
 namespace {
 
-const QByteArray Stored =
-    "[Appearance]\r\nLanguage=English\r\nCalendarLeft=1500\r\nCalendarTop=1500\r\n";
-
 // weston nested in the test's X server: its X11 back end turns the keys and clicks that xdotool
 // sends to its window into Wayland input (the headless back end has no input device). Its kiosk
 // shell has no panel to click by mistake; --debug lets weston-debug list the windows shown.
@@ -69,7 +66,7 @@ protected:
 // keeping the stored position, which it can neither restore nor know, printing nothing.
 TEST_F(NativeWayland, ShowsStepsAndSaves)
 {
-    writeSettings(Stored);
+    writeSettings("[Appearance]\r\nLanguage=English\r\nCalendarLeft=1500\r\nCalendarTop=1500\r\n");
     QProcess &program = startProgram(
         { "env", "-u", "DISPLAY", "QT_QPA_PLATFORM=wayland", "WAYLAND_DISPLAY=qlv-wayland" });
     const QString calendar = QStringLiteral("top-level window 'QLV Calendar Lite'");

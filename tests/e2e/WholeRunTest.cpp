@@ -1,7 +1,6 @@
 #include "E2eHarness.h"
 #include "calendar/MainFormLayout.h"
 
-#include <QDate>
 #include <QDir>
 #include <QFile>
 #include <QLocale>
@@ -14,17 +13,12 @@ namespace {
 
 const QLocale English(QLocale::English, QLocale::UnitedStates);
 
-// The program through everything a person does, under openbox. What its processes print (the
+// The program through everything a person does. What its processes print (the
 // copy that Ctrl+N starts too) and, in the sanitized build, every report they make land in
 // files; any line in them fails the test.
 class WholeRun : public E2eTest
 {
 protected:
-    void SetUp() override
-    {
-        E2eTest::SetUp();
-        startWindowManager("openbox");
-    }
     // Every process has ended by now, and has written what it had to report.
     void TearDown() override
     {
@@ -112,7 +106,8 @@ protected:
 
 TEST_F(WholeRun, EveryWindowWithoutASanitizerReport)
 {
-    // A first run writes its file at once; the next starts with it.
+    // Under openbox, a first run writes its file at once; the next starts with it.
+    startWindowManager("openbox");
     QProcess &first = launch();
     EXPECT_EQ(readSettings().count("\r\n"), 13);
     ASSERT_TRUE(xdotool({ "key", "alt+q" }));
