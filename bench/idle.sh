@@ -3,6 +3,7 @@
 # to a visible window, resident memory, then CPU time and wake-ups (context switches) over
 # SECONDS_TO_MEASURE (default 60), twice: with the pointer away from both windows, and with it
 # resting over the calendar, where its tooltip requests poll every 200 ms.
+# QLV_BENCH_OUT=folder also writes idle.tsv there (program, pointer, CPU %, wake-ups/s).
 set -euo pipefail
 if [ -z "${DBUS_SESSION_BUS_ADDRESS:-}" ]; then
   exec dbus-run-session -- bash "$0" "$@"
@@ -77,6 +78,12 @@ measure() { # phase
     awk -v n="$name" -v p="$1" -v c=$((cpu1 - cpu0[$name])) -v w=$((sw1 - sw0[$name])) \
       -v t="$seconds" -v hz="$ticks" \
       'BEGIN { printf "%-11s %-14s %14.3f %12.1f\n", n, p, 100 * c / hz / t, w / t }'
+    if [ -n "${QLV_BENCH_OUT:-}" ]; then
+      awk -v n="$name" -v p="$1" -v c=$((cpu1 - cpu0[$name])) -v w=$((sw1 - sw0[$name])) \
+        -v t="$seconds" -v hz="$ticks" \
+        'BEGIN { printf "%s\t%s\t%.4f\t%.2f\n", n, p, 100 * c / hz / t, w / t }' \
+        >>"$QLV_BENCH_OUT/idle.tsv"
+    fi
   done
 }
 

@@ -1,6 +1,8 @@
 // Starts a program and reports how long it takes until its first top-level window is mapped
 // (MapNotify on the root window, seen as soon as the server sends it), then its resident
-// memory one second later. Prints "<milliseconds> <resident KiB>" and ends the program by PID.
+// memory one second later: resident, proportional (shared pages divided among the processes that
+// map them) and private dirty. Prints "<milliseconds> <resident KiB> <proportional KiB> <private
+// dirty KiB>" and ends the program by PID.
 // Usage: qlv_map_wait program [args...]   (DISPLAY must name the X server)
 #include <chrono>
 #include <csignal>
@@ -16,17 +18,18 @@
 
 namespace {
 
-long residentKiB(pid_t pid)
+// A figure of /proc/<pid>/smaps_rollup ("Rss:", "Pss:", "Private_Dirty:"), in KiB.
+long memoryKiB(pid_t pid, const std::string &wanted)
 {
-    std::ifstream status("/proc/" + std::to_string(pid) + "/status");
+    std::ifstream rollup("/proc/" + std::to_string(pid) + "/smaps_rollup");
     std::string key;
-    while (status >> key) {
-        if (key == "VmRSS:") {
+    while (rollup >> key) {
+        if (key == wanted) {
             long kib = 0;
-            status >> kib;
+            rollup >> kib;
             return kib;
         }
-        status.ignore(4096, '\n');
+        rollup.ignore(4096, '\n');
     }
     return -1;
 }
@@ -96,9 +99,11 @@ int main(int argc, char **argv)
         ::poll(&p, 1, 20);
     }
     std::this_thread::sleep_for(std::chrono::seconds(1));
-    const long rss = residentKiB(pid);
+    const long rss = memoryKiB(pid, "Rss:");
+    const long pss = memoryKiB(pid, "Pss:");
+    const long dirty = memoryKiB(pid, "Private_Dirty:");
     endProcess(pid);
     xcb_disconnect(connection);
-    std::printf("%.1f %ld\n", elapsedMs, rss);
+    std::printf("%.1f %ld %ld %ld\n", elapsedMs, rss, pss, dirty);
     return 0;
 }

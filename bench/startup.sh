@@ -7,6 +7,8 @@
 # dbus-run-session to measure with a session bus, as on a desktop: its address is passed on.
 # QLV_BENCH_COMPOSITOR=1 runs a compositing manager (xcompmgr) first, so that the calendar comes
 # up with its shadow, as on a compositing desktop. Its shadow maps just before the window does.
+# QLV_BENCH_OUT=folder keeps every program's rounds there (the lines of qlv_map_wait), as
+# startup-<plain|compositor>-<program>.txt, for bench/results.py.
 set -euo pipefail
 build=${1:-build/release}
 rounds=${2:-15}
@@ -60,6 +62,12 @@ for round in $(seq 0 "$rounds"); do
     echo "$result" >>"$work/$name.txt"
   done
 done
+
+if [ -n "${QLV_BENCH_OUT:-}" ]; then
+  condition=plain
+  [ "${QLV_BENCH_COMPOSITOR:-0}" = 1 ] && condition=compositor
+  for name in "${names[@]}"; do cp "$work/$name.txt" "$QLV_BENCH_OUT/startup-$condition-$name.txt"; done
+fi
 
 median() { sort -n | awk '{v[NR]=$1} END {if (NR % 2) print v[(NR+1)/2]; else print (v[NR/2]+v[NR/2+1])/2}'; }
 declare -A ms rss

@@ -19,7 +19,8 @@ groups[test]="googletest libgtest-dev libgmock-dev libbenchmark-dev
   clang clang-format clang-tidy libclang-rt-14-dev
   xvfb xdotool x11-utils x11-xserver-utils xclip xcompmgr imagemagick
   openbox icewm fluxbox
-  qt6-qpa-plugins fonts-liberation fonts-dejavu-core strace util-linux locales python3"
+  qt6-qpa-plugins fonts-liberation fonts-dejavu-core strace util-linux locales python3
+  weston qt6-wayland"
 # The reference programs the start-up benchmark measures against, and a session bus.
 groups[bench]="gsimplecal yad dbus-daemon"
 # Building the Debian package and checking it, the installed calendar under Xvfb included.

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QPointer>
 #include <QResource>
 
 namespace {
@@ -57,20 +58,22 @@ int main(int argc, char *argv[])
         // does.
         QObject::connect(main, &CalendarMonthExtForm::aboutWindowRequested, main,
                          [&state] { AboutForm::open(state); });
-        QObject::connect(
-            main, &CalendarMonthExtForm::settingsWindowRequested, main, [&state, main] {
-                ViewForm *settings = ViewForm::showNew(state, *main);
-                QObject::connect(settings, &ViewForm::aboutWindowRequested, main,
-                                 &CalendarMonthExtForm::aboutWindowRequested, Qt::UniqueConnection);
-                // An open About window wears the language and scheme being tried.
-                QObject::connect(
-                    settings, &ViewForm::previewed, main,
-                    [] {
-                        if (AboutForm *about = AboutForm::find())
-                            about->SettingLabelesAndButtons();
-                    },
-                    Qt::UniqueConnection);
-            });
+        QObject::connect(main, &CalendarMonthExtForm::settingsWindowRequested, main,
+                         [&state, main, wired = QPointer<ViewForm>()]() mutable {
+                             ViewForm *settings = ViewForm::showNew(state, *main);
+                             // An open Settings window comes back as it is, wired already. (A
+                             // lambda cannot be a unique connection.)
+                             if (settings == wired)
+                                 return;
+                             wired = settings;
+                             QObject::connect(settings, &ViewForm::aboutWindowRequested, main,
+                                              &CalendarMonthExtForm::aboutWindowRequested);
+                             // An open About window wears the language and scheme being tried.
+                             QObject::connect(settings, &ViewForm::previewed, settings, [] {
+                                 if (AboutForm *about = AboutForm::find())
+                                     about->SettingLabelesAndButtons();
+                             });
+                         });
         return window;
     };
     Program program(options);
