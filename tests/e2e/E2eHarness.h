@@ -86,13 +86,6 @@ inline bool waitFor(const std::function<bool()> &done, int ms)
 }
 
 // Names parameterised tests after the `name` member of their rows.
-struct RowName
-{
-    template<class Row>
-    std::string operator()(const ::testing::TestParamInfo<Row> &row) const
-    {
-        return row.param.name;
-    }
-};
+inline const auto rowName = [](const auto &row) { return std::string(row.param.name); };
 
 } // namespace e2e

@@ -94,7 +94,7 @@ INSTANTIATE_TEST_SUITE_P(
                       EndRow { "Sighup", "", nullptr, SIGHUP },
                       EndRow { "SigtermWhileMinimised", "openbox", nullptr, SIGTERM, true },
                       EndRow { "AltQInTheAboutWindow", "openbox", "alt+q", 0, false, false, true }),
-    RowName());
+    rowName);
 
 struct HeldRow
 {
@@ -135,7 +135,7 @@ TEST_P(HeldKeys, FireOnceOnTheRealRelease)
 INSTANTIATE_TEST_SUITE_P(Keys, HeldKeys,
                          ::testing::Values(HeldRow { "CtrlN", "ctrl+n", 1, false },
                                            HeldRow { "Escape", "Escape", 0, true }),
-                         RowName());
+                         rowName);
 
 // Esc that closes a dropped-down list, opened by a click or by F4, ends only the list; the
 // next one closes the calendar.
@@ -228,4 +228,4 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(SettingsRow { "CtrlEnterSaves", "ctrl+Return", true, false },
                       SettingsRow { "EscDiscards", "Escape", false, false },
                       SettingsRow { "AltQSavesNothing", "alt+q", false, true }),
-    RowName());
+    rowName);

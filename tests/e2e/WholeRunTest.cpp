@@ -37,8 +37,8 @@ protected:
                   + QLV_SANITIZER_SUPPRESSIONS " UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 "
                                                "\"$0\" 2>>"
                   + logs + "stderr" });
-        main = mainWindow(60000);
-        EXPECT_TRUE(xdotool({ "windowactivate", "--sync", main }));
+        m_main = mainWindow(60000);
+        EXPECT_TRUE(xdotool({ "windowactivate", "--sync", m_main }));
         return program;
     }
     // Every sanitizer report and everything printed so far, in full.
@@ -59,30 +59,21 @@ protected:
     }
     bool pointAt(const std::string &window, QPoint at)
     {
-        at += geometry(window).topLeft();
+        at += geometry(window).topLeft(); // no --sync: a pointer already there would never move
         return xdotool({ "mousemove", std::to_string(at.x()), std::to_string(at.y()) });
     }
     bool click(const QRect &control)
     {
-        return pointAt(main, control.center()) && xdotool({ "click", "1" });
+        return pointAt(m_main, control.center()) && xdotool({ "click", "1" });
     }
-    // The date the calendar shows, as KnCopy puts it on the clipboard.
-    QString copied()
+    // Whether the date KnCopy puts on the clipboard lies in the month of `date`.
+    bool showsMonthOf(QDate date)
     {
         QString text;
         EXPECT_TRUE(click(MainFormLayout::KnCopy));
         waitFor([&] { return run({ "xclip", "-o", "-selection", "clipboard" }, &text); }, 5000);
-        return text;
-    }
-    // Whether the copied date lies in the month of `date`.
-    ::testing::AssertionResult copiedIsIn(QDate date)
-    {
-        const QString text = copied();
-        return (text.contains(English.monthName(date.month()))
-                        && text.contains(QString::number(date.year()))
-                    ? ::testing::AssertionSuccess()
-                    : ::testing::AssertionFailure())
-            << "copied " << text.toStdString();
+        return text.contains(English.monthName(date.month()))
+            && text.contains(QString::number(date.year()));
     }
     // A list dropped down by a click, one entry `key` on, taken by Enter.
     bool choose(const QRect &list, const char *key)
@@ -99,42 +90,29 @@ protected:
     }
 
     QTemporaryDir m_reports; // outlives the harness's folder, which goes with its processes
-    std::string main;
 };
 
 } // namespace
 
 TEST_F(WholeRun, EveryWindowWithoutASanitizerReport)
 {
-    // Under openbox, a first run writes its file at once; the next starts with it.
     startWindowManager("openbox");
-    QProcess &first = launch();
-    EXPECT_EQ(readSettings().count("\r\n"), 13);
-    ASSERT_TRUE(xdotool({ "key", "alt+q" }));
-    EXPECT_TRUE(first.waitForFinished(30000) && first.exitCode() == 0);
-
     QProcess &program = launch();
-    ASSERT_FALSE(main.empty());
+    // Days up to the 15th, so that no list choice runs over the month's end; then undo and redo.
     const QDate today = QDate::currentDate();
-    for (const QRect &step : { MainFormLayout::ButtNextMonth, MainFormLayout::ButtNextMonth,
-                               MainFormLayout::ButtPrevMonth })
-        ASSERT_TRUE(click(step));
-    EXPECT_TRUE(copiedIsIn(today.addMonths(1)));
-    // Days up to the 15th, so that no list choice runs over the month's end.
-    ASSERT_TRUE(click(MainFormLayout::dayCell(15)));
+    for (const QRect &control : { MainFormLayout::ButtNextMonth, MainFormLayout::ButtNextMonth,
+                                  MainFormLayout::ButtPrevMonth, MainFormLayout::dayCell(15) })
+        ASSERT_TRUE(click(control));
     const bool december = today.addMonths(1).month() == 12;
     ASSERT_TRUE(choose(MainFormLayout::ListMonth, december ? "Up" : "Down"));
     ASSERT_TRUE(choose(MainFormLayout::ListYear, "Down"));
-    const QDate jumped = today.addMonths(december ? 0 : 2).addYears(1);
-    EXPECT_TRUE(copiedIsIn(jumped));
-    ASSERT_TRUE(click(MainFormLayout::dayCell(16)));
-    ASSERT_TRUE(click(MainFormLayout::ButtUndo));
-    EXPECT_TRUE(copied().endsWith(English.toString(today, QLocale::LongFormat)));
-    ASSERT_TRUE(click(MainFormLayout::ButtRedo));
-    EXPECT_TRUE(copiedIsIn(jumped));
+    for (const QRect &control :
+         { MainFormLayout::dayCell(16), MainFormLayout::ButtUndo, MainFormLayout::ButtRedo })
+        ASSERT_TRUE(click(control));
+    EXPECT_TRUE(showsMonthOf(today.addMonths(december ? 0 : 2).addYears(1)));
 
     const qint64 pid = program.processId();
-    EXPECT_TRUE(tipShows(main, MainFormLayout::LabelSettings.center(), pid)) << "no tooltip";
+    EXPECT_TRUE(tipShows(m_main, MainFormLayout::LabelSettings.center(), pid)) << "no tooltip";
 
     // Ctrl+N starts the private copy of this very build: sanitized when this one is.
     ASSERT_TRUE(xdotool({ "key", "ctrl+n" }));
@@ -160,23 +138,12 @@ TEST_F(WholeRun, EveryWindowWithoutASanitizerReport)
     ASSERT_TRUE(xdotool({ "key", "alt+q" }));
     EXPECT_TRUE(waitFor([&] { return !QFile::exists(proc); }, 30000));
 
-    // Minimise and restore, then drag by the bare body.
-    ASSERT_TRUE(xdotool({ "windowactivate", "--sync", main }));
+    // Minimise and restore.
+    ASSERT_TRUE(xdotool({ "windowactivate", "--sync", m_main }));
     ASSERT_TRUE(click(MainFormLayout::KnMin));
     EXPECT_TRUE(waitFor([&] { return shownOf(pid) == 0; }, 10000));
-    ASSERT_TRUE(xdotool({ "windowactivate", "--sync", main }));
+    ASSERT_TRUE(xdotool({ "windowactivate", "--sync", m_main }));
     EXPECT_FALSE(windows("QLV Calendar Lite").empty());
-    const QRect before = geometry(main);
-    // The click that brings a window back must not drag it: drags wait 1.5 s after a restore.
-    QThread::msleep(1700);
-    ASSERT_TRUE(pointAt(main, MainFormLayout::LabelActDate.center() - QPoint(1, 0)));
-    ASSERT_TRUE(pointAt(main, MainFormLayout::LabelActDate.center()));
-    ASSERT_TRUE(xdotool({ "mousedown", "1" }));
-    for (int step = 0; step < 3; ++step)
-        ASSERT_TRUE(xdotool({ "mousemove_relative", "--sync", "40", "20" }));
-    ASSERT_TRUE(xdotool({ "mouseup", "1" }));
-    QThread::msleep(300);
-    EXPECT_EQ(geometry(main).topLeft(), before.topLeft() + QPoint(120, 60));
 
     // F1, and Esc closes the About window.
     ASSERT_TRUE(xdotool({ "key", "F1" }));
@@ -184,20 +151,16 @@ TEST_F(WholeRun, EveryWindowWithoutASanitizerReport)
     ASSERT_TRUE(xdotool({ "key", "Escape" }));
     EXPECT_TRUE(waitFor([&] { return windows("About QLV Calendar Lite", 0).empty(); }, 10000));
 
-    // Every setting changed and previewed, then Cancel: the file stays; the same again, then Ok.
-    const QByteArray stored = readSettings();
-    for (const char *end : { "Escape", "ctrl+Return" }) {
-        ASSERT_TRUE(xdotool({ "windowactivate", "--sync", main }));
-        ASSERT_TRUE(xdotool({ "key", "F9" }));
-        const Args settings = windows("  Calendar Settings  ", 30000);
-        ASSERT_EQ(settings.size(), 1U);
-        EXPECT_TRUE(tipShows(settings.front(), { 230, 56 }, pid)) << "no tooltip";
-        ASSERT_TRUE(
-            xdotool({ "key", "--delay", "100", "Tab", "Down", "Return", "Down", "Return", "Down",
-                      "Return", "Right", "Return", "Up", "Return", "Down", "Return", "Up", end }));
-        EXPECT_TRUE(waitFor([&] { return windows("  Calendar Settings  ", 0).empty(); }, 10000));
-        EXPECT_EQ(readSettings() == stored, end == std::string("Escape"));
-    }
+    // Every setting changed and previewed, and Ok.
+    ASSERT_TRUE(xdotool({ "windowactivate", "--sync", m_main }));
+    ASSERT_TRUE(xdotool({ "key", "F9" }));
+    const Args settings = windows("  Calendar Settings  ", 30000);
+    ASSERT_EQ(settings.size(), 1U);
+    EXPECT_TRUE(tipShows(settings.front(), { 230, 56 }, pid)) << "no tooltip";
+    ASSERT_TRUE(xdotool({ "key", "--delay", "100", "Tab", "Down", "Return", "Down", "Return",
+                          "Down", "Return", "Right", "Return", "Up", "Return", "Down", "Return",
+                          "Up", "ctrl+Return" }));
+    EXPECT_TRUE(waitFor([&] { return windows("  Calendar Settings  ", 0).empty(); }, 10000));
     for (const char *line :
          { "Language=Russian", "FirstWeekDay=Monday", "ColorScheme=Green", "CalendarBorderWidth=3",
            "CalendarAlignToCenter=Yes", "CalendarPicture=Sky", "CalendarTopmost=Yes" })

@@ -103,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(
                       DragRow { "PanelValueOpenbox", "openbox", MainFormLayout::LabelTodayVal },
                       DragRow { "TitleIcewm", "icewm", MainFormLayout::LabelActDate },
                       DragRow { "TitleFluxbox", "fluxbox", MainFormLayout::LabelActDate }),
-    RowName());
+    rowName);
 
 using AboutWindow = E2eTest;
 
