@@ -96,7 +96,13 @@ protected:
 
 TEST_F(WholeRun, EveryWindowWithoutASanitizerReport)
 {
+    // Under openbox, a first run writes its file at once; the next starts with it.
     startWindowManager("openbox");
+    QProcess &first = launch();
+    EXPECT_EQ(readSettings().count("\r\n"), 13);
+    ASSERT_TRUE(xdotool({ "key", "alt+q" }));
+    EXPECT_TRUE(first.waitForFinished(30000) && first.exitCode() == 0);
+
     QProcess &program = launch();
     // Days up to the 15th, so that no list choice runs over the month's end; then undo and redo.
     const QDate today = QDate::currentDate();
@@ -138,12 +144,23 @@ TEST_F(WholeRun, EveryWindowWithoutASanitizerReport)
     ASSERT_TRUE(xdotool({ "key", "alt+q" }));
     EXPECT_TRUE(waitFor([&] { return !QFile::exists(proc); }, 30000));
 
-    // Minimise and restore.
+    // Minimise and restore, then drag by the bare body.
     ASSERT_TRUE(xdotool({ "windowactivate", "--sync", m_main }));
     ASSERT_TRUE(click(MainFormLayout::KnMin));
     EXPECT_TRUE(waitFor([&] { return shownOf(pid) == 0; }, 10000));
     ASSERT_TRUE(xdotool({ "windowactivate", "--sync", m_main }));
     EXPECT_FALSE(windows("QLV Calendar Lite").empty());
+    const QRect before = geometry(m_main);
+    // The click that brings a window back must not drag it: drags wait 1.5 s after a restore.
+    QThread::msleep(1700);
+    ASSERT_TRUE(pointAt(m_main, MainFormLayout::LabelActDate.center() - QPoint(1, 0)));
+    ASSERT_TRUE(pointAt(m_main, MainFormLayout::LabelActDate.center()));
+    ASSERT_TRUE(xdotool({ "mousedown", "1" }));
+    for (int step = 0; step < 3; ++step)
+        ASSERT_TRUE(xdotool({ "mousemove_relative", "--sync", "40", "20" }));
+    ASSERT_TRUE(xdotool({ "mouseup", "1" }));
+    QThread::msleep(300);
+    EXPECT_EQ(geometry(m_main).topLeft(), before.topLeft() + QPoint(120, 60));
 
     // F1, and Esc closes the About window.
     ASSERT_TRUE(xdotool({ "key", "F1" }));
@@ -151,16 +168,20 @@ TEST_F(WholeRun, EveryWindowWithoutASanitizerReport)
     ASSERT_TRUE(xdotool({ "key", "Escape" }));
     EXPECT_TRUE(waitFor([&] { return windows("About QLV Calendar Lite", 0).empty(); }, 10000));
 
-    // Every setting changed and previewed, and Ok.
-    ASSERT_TRUE(xdotool({ "windowactivate", "--sync", m_main }));
-    ASSERT_TRUE(xdotool({ "key", "F9" }));
-    const Args settings = windows("  Calendar Settings  ", 30000);
-    ASSERT_EQ(settings.size(), 1U);
-    EXPECT_TRUE(tipShows(settings.front(), { 230, 56 }, pid)) << "no tooltip";
-    ASSERT_TRUE(xdotool({ "key", "--delay", "100", "Tab", "Down", "Return", "Down", "Return",
-                          "Down", "Return", "Right", "Return", "Up", "Return", "Down", "Return",
-                          "Up", "ctrl+Return" }));
-    EXPECT_TRUE(waitFor([&] { return windows("  Calendar Settings  ", 0).empty(); }, 10000));
+    // Every setting changed and previewed, then Cancel: the file stays; the same again, then Ok.
+    const QByteArray stored = readSettings();
+    for (const char *end : { "Escape", "ctrl+Return" }) {
+        ASSERT_TRUE(xdotool({ "windowactivate", "--sync", m_main }));
+        ASSERT_TRUE(xdotool({ "key", "F9" }));
+        const Args settings = windows("  Calendar Settings  ", 30000);
+        ASSERT_EQ(settings.size(), 1U);
+        EXPECT_TRUE(tipShows(settings.front(), { 230, 56 }, pid)) << "no tooltip";
+        ASSERT_TRUE(
+            xdotool({ "key", "--delay", "100", "Tab", "Down", "Return", "Down", "Return", "Down",
+                      "Return", "Right", "Return", "Up", "Return", "Down", "Return", "Up", end }));
+        EXPECT_TRUE(waitFor([&] { return windows("  Calendar Settings  ", 0).empty(); }, 10000));
+        EXPECT_EQ(readSettings() == stored, end == std::string("Escape"));
+    }
     for (const char *line :
          { "Language=Russian", "FirstWeekDay=Monday", "ColorScheme=Green", "CalendarBorderWidth=3",
            "CalendarAlignToCenter=Yes", "CalendarPicture=Sky", "CalendarTopmost=Yes" })
