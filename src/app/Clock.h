@@ -10,6 +10,9 @@ class Clock
 public:
     virtual ~Clock() = default;
     virtual QDateTime now() const = 0;
+    // Seconds since the epoch: which second it is, without the time zone's cost (the local
+    // time looks the zone up, a file's status included, at every reading).
+    virtual qint64 currentSecond() const { return now().toSecsSinceEpoch(); }
     // Monotonic time for deadlines; never jumps with the wall clock.
     virtual std::chrono::steady_clock::time_point steadyNow() const
     {
@@ -21,4 +24,5 @@ class SystemClock : public Clock
 {
 public:
     QDateTime now() const override { return QDateTime::currentDateTime(); }
+    qint64 currentSecond() const override { return QDateTime::currentSecsSinceEpoch(); }
 };

@@ -242,6 +242,10 @@ void CalendarMonthExtForm::SettingLabelesAndButtons()
 
 void CalendarMonthExtForm::TimerCheckAreaFormTick()
 {
+    const qint64 second = m_program.clock().currentSecond();
+    if (second == m_tickSecond)
+        return;
+    m_tickSecond = second;
     const QDateTime now = m_program.clock().now();
     const QLocale locale;
     const QString time =

@@ -117,6 +117,8 @@ private:
     CalendarNavigation m_nav;
     int m_rebuildsShown = -1;
     bool m_timeAmPm = true;
+    // The second the last tick showed: the nine ticks after it have nothing to do.
+    qint64 m_tickSecond = -1;
     bool LoadDone = false;
 
     MainFormKeys *m_keys = nullptr;
