@@ -1,6 +1,7 @@
 // From F1 released on the calendar to the About window's first frame: the window is made,
 // placed beside the calendar, shown with its shadow and painted in full. Ten openings, each
 // closed again before the next; the first pays for what the process has not yet loaded.
+#include "BenchSupport.h"
 #include "about/AboutForm.h"
 #include "app/ProgramState.h"
 #include "calendar/CalendarMonthExtForm.h"
@@ -104,12 +105,5 @@ BENCHMARK(F1ToAboutPainted)->Iterations(10)->UseManualTime()->Unit(benchmark::kM
 
 int main(int argc, char **argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runWidgetBenchmarks(argc, argv);
 }

@@ -1,5 +1,6 @@
 // Month steps through the whole range, January 1900 to December 2099, each one a real click on
 // the next-month button followed by a full repaint of the window (grabbed into a pixmap).
+#include "BenchSupport.h"
 #include "app/ProgramState.h"
 #include "calendar/CalendarMonthExtForm.h"
 #include "support/FakeClock.h"
@@ -17,13 +18,6 @@
 #include <vector>
 
 namespace {
-
-double percentile(std::vector<double> sorted, double p)
-{
-    std::sort(sorted.begin(), sorted.end());
-    const auto index = static_cast<std::size_t>(p * static_cast<double>(sorted.size() - 1) + 0.5);
-    return sorted[index];
-}
 
 void NextMonthClickWithRepaint(benchmark::State &state)
 {
@@ -78,12 +72,5 @@ BENCHMARK(NextMonthClickWithRepaint)->Iterations(3)->Unit(benchmark::kMillisecon
 
 int main(int argc, char **argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runWidgetBenchmarks(argc, argv);
 }

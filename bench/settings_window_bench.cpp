@@ -5,6 +5,7 @@
 // place (the body paints its picture a moment after the first frame). The reference, run
 // interleaved, is the same two grabs with nothing changed: the cost of repainting both windows.
 // Opening: F9 on the Main window to the Settings window's first paint, ten times.
+#include "BenchSupport.h"
 #include "app/ProgramState.h"
 #include "calendar/CalendarMonthExtForm.h"
 #include "settings_window/ViewForm.h"
@@ -32,13 +33,6 @@ using SteadyClock = std::chrono::steady_clock;
 double ms(SteadyClock::time_point from)
 {
     return std::chrono::duration<double, std::milli>(SteadyClock::now() - from).count();
-}
-
-double percentile(std::vector<double> sorted, double p)
-{
-    std::sort(sorted.begin(), sorted.end());
-    const auto index = static_cast<std::size_t>(p * static_cast<double>(sorted.size() - 1) + 0.5);
-    return sorted[index];
 }
 
 void setCounters(benchmark::State &state, const char *name, const std::vector<double> &samples)
@@ -193,12 +187,5 @@ BENCHMARK(F9ToSettingsPainted)->Iterations(10)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runWidgetBenchmarks(argc, argv);
 }

@@ -9,6 +9,7 @@
 #include "appearance/WindowBody.h"
 #include "tooltip/ToolTips.h"
 #include "windowing/KeyboardState.h"
+#include "windowing/NamedControl.h"
 #include "windowing/Placement.h"
 #include "windowing/Shadow.h"
 #include "windowing/TabAppForm.h"
@@ -132,42 +133,30 @@ AboutForm::~AboutForm()
 
 void AboutForm::createControls()
 {
-    LabelName = new CaptionLabel(this);
-    LabelName->setObjectName(QStringLiteral("LabelName"));
-    LabelName->setGeometry(LabelNameRect);
+    LabelName = named<CaptionLabel>(this, "LabelName", LabelNameRect);
     QFont bold = font();
     bold.setBold(true);
     bold.setPointSize(12);
     LabelName->setFont(bold);
 
-    KnClose = new PictureButton(ButtonArt::Picture::Close, this);
-    KnClose->setObjectName(QStringLiteral("KnClose"));
-    KnClose->setGeometry(KnCloseRect);
+    KnClose = named<PictureButton>(this, "KnClose", KnCloseRect, ButtonArt::Picture::Close);
     KnClose->setFocusPolicy(Qt::StrongFocus);
     connect(KnClose, &QPushButton::clicked, this, &QWidget::close);
 
-    LabelEdition = new CaptionLabel(this);
-    LabelEdition->setObjectName(QStringLiteral("LabelEdition"));
-    LabelEdition->setGeometry(LabelEditionRect);
+    LabelEdition = named<CaptionLabel>(this, "LabelEdition", LabelEditionRect);
 
     // Shows the release; it has no command, so Tab passes it by.
-    KnVersion = new PictureButton(ButtonArt::Picture::Word, this);
-    KnVersion->setObjectName(QStringLiteral("KnVersion"));
-    KnVersion->setGeometry(KnVersionRect);
+    KnVersion = named<PictureButton>(this, "KnVersion", KnVersionRect, ButtonArt::Picture::Word);
     KnVersion->setFocusPolicy(Qt::NoFocus);
 
-    TextDescription = new QTextBrowser(this);
-    TextDescription->setObjectName(QStringLiteral("TextDescription"));
-    TextDescription->setGeometry(TextDescriptionRect);
+    TextDescription = named<QTextBrowser>(this, "TextDescription", TextDescriptionRect);
     TextDescription->setFrameShape(QFrame::NoFrame);
     TextDescription->setOpenLinks(false);
     TextDescription->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // A narrow column: lists indent by a little more than their bullets.
     TextDescription->document()->setIndentWidth(18);
 
-    LabelLink = new QLabel(this);
-    LabelLink->setObjectName(QStringLiteral("LabelLink"));
-    LabelLink->setGeometry(LabelLinkRect);
+    LabelLink = named<QLabel>(this, "LabelLink", LabelLinkRect);
     LabelLink->setTextFormat(Qt::RichText);
     // Reachable by Tab and opened by Enter as well as by a click.
     LabelLink->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);

@@ -7,6 +7,7 @@
 #include "appearance/CaptionLabel.h"
 #include "appearance/Captions.h"
 #include "appearance/PictureButton.h"
+#include "windowing/NamedControl.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -16,15 +17,6 @@
 #include <QPushButton>
 
 namespace {
-
-template<typename T>
-T *named(QWidget *parent, const char *name, const QRect &geometry)
-{
-    auto *w = new T(parent);
-    w->setObjectName(QString::fromLatin1(name));
-    w->setGeometry(geometry);
-    return w;
-}
 
 QLabel *label(QWidget *parent, const char *name, const QRect &geometry,
               Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter)
@@ -37,9 +29,7 @@ QLabel *label(QWidget *parent, const char *name, const QRect &geometry,
 PictureButton *pictureButton(QWidget *parent, const char *name, const QRect &geometry,
                              ButtonArt::Picture picture)
 {
-    auto *b = new PictureButton(picture, parent);
-    b->setObjectName(QString::fromLatin1(name));
-    b->setGeometry(geometry);
+    auto *b = named<PictureButton>(parent, name, geometry, picture);
     b->setFocusPolicy(Qt::StrongFocus);
     return b;
 }

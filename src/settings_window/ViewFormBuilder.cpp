@@ -6,6 +6,7 @@
 #include "appearance/Captions.h"
 #include "appearance/CyrillicFont.h"
 #include "appearance/PictureButton.h"
+#include "windowing/NamedControl.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -15,21 +16,10 @@ namespace {
 
 using L = ViewFormLayout;
 
-template<typename T>
-T *named(QWidget *parent, const char *name, const QRect &geometry)
-{
-    auto *w = new T(parent);
-    w->setObjectName(QString::fromLatin1(name));
-    w->setGeometry(geometry);
-    return w;
-}
-
 PictureButton *picture(QWidget *parent, const char *name, const QRect &geometry,
                        ButtonArt::Picture art, const Captions::Pair &word, bool english)
 {
-    auto *b = new PictureButton(art, parent);
-    b->setObjectName(QString::fromLatin1(name));
-    b->setGeometry(geometry);
+    auto *b = named<PictureButton>(parent, name, geometry, art);
     // The word is the picture's, whatever the window's language: the pair shown says it.
     const QString text = Captions::pick(word, english ? QStringLiteral("English") : QString());
     b->setText(text);
