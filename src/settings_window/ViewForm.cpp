@@ -12,6 +12,7 @@
 #include "appearance/PictureButton.h"
 #include "calendar/CalendarMonthExtForm.h"
 #include "tooltip/ToolTips.h"
+#include "windowing/Placement.h"
 #include "windowing/Shadow.h"
 #include "windowing/ShadowKeeper.h"
 #include "windowing/WindowBehaviour.h"
@@ -98,7 +99,8 @@ ViewForm *ViewForm::showNew(ProgramState &program, CalendarMonthExtForm &mainFor
     const QScreen *screen =
         mainForm.screen() ? mainForm.screen() : QGuiApplication::primaryScreen();
     const QRect area = screen ? screen->availableGeometry() : QRect(0, 0, 1024, 768);
-    form->move(ViewFormLayout::besideTopLeft(mainForm.geometry(), form->size(), area));
+    form->move(Placement::besideTopLeft(mainForm.geometry(), form->size(), area,
+                                        ViewFormLayout::Gap, Placement::NoRoom::ScreenCentre));
     // A window manager keeps it above the calendar and off the taskbar.
     form->winId();
     if (QWindow *main = mainForm.windowHandle())

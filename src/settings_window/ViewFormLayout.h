@@ -24,9 +24,9 @@ struct ViewFormLayout
     static constexpr QRect KnOkPicture { Width / 2 - 104, 262, 96, 30 };
     static constexpr QRect KnCancelPicture { Width / 2 + 8, 262, 96, 30 };
 
-    // Beside `owner` on `screen`: on its right when the window fits there, else on its left, else
-    // centred on the screen; top-aligned with the owner and kept on the screen.
-    static QPoint besideTopLeft(const QRect &owner, const QSize &size, const QRect &screen);
+    // The window opens this far beside the Main window, or in the middle of the screen when
+    // neither side has room.
+    static constexpr int Gap = 12;
 
 private:
     static constexpr int rowTop(int row) { return 44 + row * 30; }

@@ -36,13 +36,17 @@ QPoint startTopLeft(const Settings &settings, const QSize &size, const QList<QRe
     return keptOnScreen({ settings.CalendarLeft, settings.CalendarTop }, size, screens);
 }
 
-QPoint besideTopLeft(const QRect &anchor, const QSize &size, const QRect &screen, int gap)
+QPoint besideTopLeft(const QRect &anchor, const QSize &size, const QRect &screen, int gap,
+                     NoRoom noRoom)
 {
     int x = anchor.right() + 1 + gap;
     if (x + size.width() > screen.right() + 1)
         x = anchor.left() - gap - size.width();
-    if (x < screen.left())
+    if (x < screen.left()) {
+        if (noRoom == NoRoom::ScreenCentre)
+            return centredTopLeft(screen, size);
         x = anchor.left() + (anchor.width() - size.width()) / 2;
+    }
     const int maxX = std::max(screen.left(), screen.right() + 1 - size.width());
     const int maxY = std::max(screen.top(), screen.bottom() + 1 - size.height());
     return { std::clamp(x, screen.left(), maxX), std::clamp(anchor.top(), screen.top(), maxY) };

@@ -32,9 +32,14 @@ QPoint keptOnScreen(const QPoint &storedTwips, const QSize &size, const QList<QR
 // `screens`) when CalendarAlignToCenter says so, else at CalendarLeft/CalendarTop kept on screen.
 QPoint startTopLeft(const Settings &settings, const QSize &size, const QList<QRect> &screens);
 
+// Where a window opened beside another goes when neither side has room for it.
+enum class NoRoom { OverTheAnchor, ScreenCentre };
+
 // The top-left corner of a window of `size` that opens beside `anchor` (another window): to its
 // right, `gap` pixels away, top edges level; to its left when the right side has no room on
-// `screen`; over it when neither side has. The result always lies on the screen.
-QPoint besideTopLeft(const QRect &anchor, const QSize &size, const QRect &screen, int gap);
+// `screen`; over it, or in the middle of the screen, when neither side has. The result always
+// lies on the screen.
+QPoint besideTopLeft(const QRect &anchor, const QSize &size, const QRect &screen, int gap,
+                     NoRoom noRoom = NoRoom::OverTheAnchor);
 
 } // namespace Placement

@@ -1,6 +1,7 @@
 #include "windowing/DragMath.h"
 
 #include "app/ProgramState.h"
+#include "settings_window/ViewFormLayout.h"
 #include "windowing/Placement.h"
 
 #include <QPoint>
@@ -169,16 +170,24 @@ struct BesideRow
     QRect mainWindow;
     QRect screen;
     QPoint expected;
+    QSize size = { 360, 273 };
+    int gap = 8;
+    Placement::NoRoom noRoom = Placement::NoRoom::OverTheAnchor;
 };
 
 using BesidePlacements = ::testing::TestWithParam<BesideRow>;
 
-// A 360x273 window opened beside the Main window, 8 pixels off it, always wholly on the screen.
+// A window opened beside the Main window (the About window 8 pixels off it, the Settings window
+// 12), always wholly on the screen.
 TEST_P(BesidePlacements, OpenBesideTheMainWindow)
 {
     const BesideRow &row = GetParam();
-    EXPECT_EQ(Placement::besideTopLeft(row.mainWindow, { 360, 273 }, row.screen, 8), row.expected);
+    EXPECT_EQ(Placement::besideTopLeft(row.mainWindow, row.size, row.screen, row.gap, row.noRoom),
+              row.expected);
 }
+
+const QSize Settings { ViewFormLayout::Width, ViewFormLayout::Height };
+constexpr Placement::NoRoom Centre = Placement::NoRoom::ScreenCentre;
 
 // clang-format off
 INSTANTIATE_TEST_SUITE_P(Rows, BesidePlacements, ::testing::Values(
@@ -186,7 +195,11 @@ INSTANTIATE_TEST_SUITE_P(Rows, BesidePlacements, ::testing::Values(
     BesideRow { "RightJustFits", { 512, 0, 400, 273 }, Primary, { 920, 0 } },
     BesideRow { "LeftWhenTheRightIsOneShort", { 513, 0, 400, 273 }, Primary, { 145, 0 } },
     BesideRow { "OverItWhenNeitherSideHasRoom", { 150, 0, 400, 273 }, { 0, 0, 700, 500 }, { 170, 0 } },
-    BesideRow { "TopKeptOnTheScreen", { 100, 700, 400, 273 }, Primary, { 508, 527 } }),
+    BesideRow { "TopKeptOnTheScreen", { 100, 700, 400, 273 }, Primary, { 508, 527 } },
+    BesideRow { "SettingsRight", { 100, 100, 400, 273 }, Primary, { 512, 100 }, Settings, ViewFormLayout::Gap, Centre },
+    BesideRow { "SettingsLeft", { 860, 100, 400, 273 }, Primary, { 528, 100 }, Settings, ViewFormLayout::Gap, Centre },
+    BesideRow { "SettingsCentredOnTheScreen", { 10, 100, 1260, 273 }, Primary, { 480, 247 }, Settings, ViewFormLayout::Gap, Centre },
+    BesideRow { "SettingsTopKept", { 100, 700, 400, 273 }, Primary, { 512, 494 }, Settings, ViewFormLayout::Gap, Centre }),
     [](const auto &row) { return std::string(row.param.name); });
 // clang-format on
 

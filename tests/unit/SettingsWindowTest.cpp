@@ -1,6 +1,5 @@
 #include "app/Settings.h"
 #include "settings_window/SettingsEditor.h"
-#include "settings_window/ViewFormLayout.h"
 #include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -84,15 +83,3 @@ INSTANTIATE_TEST_SUITE_P(Rows, CancelRestores, ::testing::Values(
     RestoreRow { "NoneIsNoDraw", false, "Random", "None", "Waves", "Waves" }),
     [](const auto &row) { return std::string(row.param.name); });
 // clang-format on
-
-// Beside the Main window: on its right, else on its left, else centred; kept on the screen.
-TEST(ViewFormPlacement, OpensBesideTheMainWindowOnScreen)
-{
-    const auto beside = [](QRect main) {
-        return ViewFormLayout::besideTopLeft(main, { 320, 306 }, { 0, 0, 1280, 800 });
-    };
-    EXPECT_EQ(beside({ 100, 100, 400, 273 }), QPoint(512, 100));
-    EXPECT_EQ(beside({ 860, 100, 400, 273 }), QPoint(528, 100));
-    EXPECT_EQ(beside({ 10, 100, 1260, 273 }), QPoint(480, 247));
-    EXPECT_EQ(beside({ 100, 700, 400, 273 }), QPoint(512, 494));
-}
