@@ -173,6 +173,19 @@ bool E2eTest::run(const Args &argv, QString *out)
     return ok;
 }
 
+std::map<qint64, std::string> E2eTest::adoptCopies(qint64 pid)
+{
+    std::map<qint64, std::string> copies;
+    for (const std::string &w : windows("QLV Calendar Lite", 0)) {
+        QString copy;
+        if (run({ "xdotool", "getwindowpid", w }, &copy) && copy.toLongLong() != pid) {
+            copies[copy.toLongLong()] = w;
+            m_adopted.push_back(copy.toLongLong());
+        }
+    }
+    return copies;
+}
+
 Args E2eTest::windows(const std::string &title, int waitMs)
 {
     Args found;

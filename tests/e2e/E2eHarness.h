@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -37,8 +38,9 @@ protected:
     void startWindowManager(const std::string &name);
     // xcompmgr, once it owns the compositing selection.
     void startCompositor();
-    // A process the program started itself (a copy): ended by its PID at teardown.
-    void adopt(qint64 pid) { m_adopted.push_back(pid); }
+    // The calendar windows of processes other than `pid`, by process: copies the program
+    // started itself, each ended by its PID at teardown.
+    std::map<qint64, std::string> adoptCopies(qint64 pid);
 
     // The window manager `wm` (none when ""), `settings` as the settings file (none when null)
     // and the program, whose window gets the focus; m_main is that window.

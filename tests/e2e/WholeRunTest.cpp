@@ -122,19 +122,10 @@ TEST_F(WholeRun, EveryWindowWithoutASanitizerReport)
 
     // Ctrl+N starts the private copy of this very build: sanitized when this one is.
     ASSERT_TRUE(xdotool({ "key", "ctrl+n" }));
-    std::string copyWindow;
-    QString copyPid;
-    ASSERT_TRUE(waitFor(
-        [&] {
-            for (const std::string &w : windows("QLV Calendar Lite", 0)) {
-                if (run({ "xdotool", "getwindowpid", w }, &copyPid) && copyPid.toLongLong() != pid)
-                    return copyWindow = w, true;
-            }
-            return false;
-        },
-        60000));
-    adopt(copyPid.toLongLong());
-    const QString proc = QStringLiteral("/proc/") + copyPid;
+    std::map<qint64, std::string> copies;
+    ASSERT_TRUE(waitFor([&] { return !(copies = adoptCopies(pid)).empty(); }, 60000));
+    const auto [copyPid, copyWindow] = *copies.begin();
+    const QString proc = QStringLiteral("/proc/%1").arg(copyPid);
     EXPECT_EQ(QFile::symLinkTarget(proc + QStringLiteral("/exe")),
               m_root + QStringLiteral("/bin/qlvcallt"));
     QFile maps(proc + QStringLiteral("/maps"));

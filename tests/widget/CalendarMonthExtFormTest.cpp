@@ -80,17 +80,6 @@ TEST_F(MainFormTest, ABlankCellAndTheArrowKeysMoveTheFocusToTheDayReached)
     EXPECT_EQ(QApplication::focusWidget(), cellOf(QDate(2026, 4, 18)));
 }
 
-// At the last month the next-month button goes grey after the focus has left it for ButtUndo.
-TEST_F(MainFormTest, TheFocusLeavesAButtonBeforeItGoesGrey)
-{
-    open(at(2099, 11, 5));
-    button("ButtNextMonth")->setFocus();
-    QTest::keyClick(button("ButtNextMonth"), Qt::Key_Space);
-    EXPECT_FALSE(button("ButtNextMonth")->isEnabled());
-    EXPECT_EQ(QApplication::focusWidget(), button("ButtUndo"));
-    EXPECT_EQ(form->navigation().SelectedDate, QDate(2099, 11, 5)) << "no day was picked";
-}
-
 // Focus that comes back with the window or from a closed list is not a pick, and nothing is
 // picked while the program is busy.
 TEST_F(MainFormTest, OnlyAUsersFocusPicksADay)
